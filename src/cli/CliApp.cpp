@@ -1,0 +1,40 @@
+#include "cli/CliApp.h"
+
+#include "model/AppVersion.h"
+#include "model/Globals.h"
+
+#include <ostream>
+
+namespace corvane::cli {
+namespace {
+
+void PrintUsage(std::ostream& out) {
+    out << "Usage: corvane-cli <command> [options]\n"
+           "\n"
+           "Commands:\n"
+           "  --version        print the program version\n"
+           "  --help           print this text\n";
+}
+
+} // namespace
+
+int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    if (args.empty()) {
+        PrintUsage(err);
+        return 1;
+    }
+    const std::string& command = args[0];
+    if (command == "--version" || command == "version") {
+        out << "corvane-cli " << kVersionText << "\n";
+        return 0;
+    }
+    if (command == "--help" || command == "-h" || command == "help") {
+        PrintUsage(out);
+        return 0;
+    }
+    err << "corvane-cli: unknown command '" << command << "'\n";
+    PrintUsage(err);
+    return 1;
+}
+
+} // namespace corvane::cli

@@ -1,0 +1,104 @@
+#pragma once
+
+// Program-wide state: the open project, the selection, the station and the settings read from
+// the default options. One user-interface thread owns all of it; nothing here is locked.
+// Only CreateNewProject replaces gProject, gUnits and gISO484.
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace corvane {
+
+class clsCorvane;
+class clsUnits;
+class clsISO484;
+
+// Constants. gDegToRad is the literal the station has always used, not pi/180.
+inline constexpr double gDegToRad = 0.01745329252;
+inline constexpr double gPi = 3.14159265358979;
+inline constexpr double gGravityFeet = 32.174;   // ft/s^2
+inline constexpr double gGravityMetric = 9.80665; // m/s^2
+
+// Standard section radii as fractions of the radius, row 0 outermost. Row 7 takes the inner
+// radius (ISOInnerRadius / 100) when one is set.
+extern std::array<double, 8> gRadialPositions;
+inline constexpr std::array<double, 8> kStandardRadialPositions = {0.95, 0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3};
+
+inline constexpr const char* kUntitledFileName = "untitled.cvpj";
+inline constexpr const char* kReadOnlyUntitledFileName = "~untitled.cvpj";
+
+// Program state.
+extern std::shared_ptr<clsCorvane> gProject;
+extern std::shared_ptr<clsUnits> gUnits;
+extern std::shared_ptr<clsISO484> gISO484;
+extern std::string gProjectFileName;
+extern bool gProjectDirty;
+extern std::int16_t ActiveBlade;
+extern std::int16_t ActiveRadius;
+extern std::int16_t CompareScanIndex;
+extern bool GraphsStale;
+extern std::int16_t gCheckPageMode;
+extern std::array<bool, 8> gShowRadiusFlags;
+extern std::array<bool, 8> gISORadiusFlags;
+extern std::array<bool, 7> gShowBladeFlags;
+extern bool ZoomActive;
+extern bool gPitchIgnoreTrack;
+
+// Station state.
+extern std::int32_t gOfficeMode; // 0 Shop, 1 Office
+extern std::int32_t gScanMode;   // 0 no scanning, 1 manual entry, 2 digital acquisition
+extern bool gDAQConnected;
+extern std::string gAppTitle;
+extern std::string gAppExeName;
+extern std::string gAppPath;     // with a trailing separator
+extern std::string gAppDataPath; // with a trailing separator
+extern std::string gLogFolder;   // empty: gAppDataPath
+extern std::string gBuildTag;
+extern std::string gSessionStamp; // "-yyyymmdd-hhmm"
+extern bool gHelpFileFound;
+extern std::string gHelpFilePath;
+extern std::int16_t gDecimalChar; // character code of the user's decimal separator
+extern std::string gUIFontName;
+extern double gUIFontSize;
+
+// Settings read from the default options; re-read whenever the settings dialog closes.
+extern std::string gDefaultInspector;
+extern std::string gRepairShopName;
+extern std::string gRepairShopAddress;
+extern std::string gRepairShopLogoFilePath;
+extern std::string gScanSourceDevice;
+extern std::string gDefaultManufacturer;
+extern double gAngleCalibration;  // pulses in a rotation
+extern double gRadiusCalibration; // pulses in a millimetre
+extern double gDropCalibration;   // pulses in a millimetre
+extern std::int16_t gAngleEncoderType;
+extern std::int16_t gRadiusEncoderType;
+extern std::int16_t gDropEncoderType;
+extern bool gAngleEncoderFlip;
+extern bool gRadiusEncoderFlip;
+extern bool gDropEncoderFlip;
+extern double gStandardOffset;
+extern double gDogLegOffset;
+extern double gCalibrationRadius;
+extern double gCalibrationPulse;
+extern std::string gRootDirectory;    // the Project Library folder
+extern std::string gArchiveDirectory;
+extern std::int16_t gPanelSize;
+extern std::int16_t gRadiusDisplayRulerIndex;
+extern bool gRadiusDisplayRulerFlip;
+extern std::int16_t gReportLayout;
+extern bool gAudioFeedback;
+extern bool gFootPedal;
+extern std::int32_t gKeyboardTrigger; // key code, 0 for none
+extern std::int32_t gScanBladeOrder;  // 0 in blade order, 1 in rotation direction
+
+// Working values of the probe.
+extern double gActiveProbeOffset;
+extern double gActiveProbeDrop;
+
+// Sets every global above back to its state before start-up. Tests call it between cases.
+void ResetGlobals();
+
+} // namespace corvane
