@@ -1,6 +1,5 @@
 #include "model/Globals.h"
 
-
 namespace corvane {
 
 std::array<double, 8> gRadialPositions = kStandardRadialPositions;

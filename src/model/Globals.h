@@ -18,7 +18,7 @@ class clsISO484;
 // Constants. gDegToRad is the literal the station has always used, not pi/180.
 inline constexpr double gDegToRad = 0.01745329252;
 inline constexpr double gPi = 3.14159265358979;
-inline constexpr double gGravityFeet = 32.174;   // ft/s^2
+inline constexpr double gGravityFeet = 32.174;    // ft/s^2
 inline constexpr double gGravityMetric = 9.80665; // m/s^2
 
 // Standard section radii as fractions of the radius, row 0 outermost. Row 7 takes the inner
@@ -83,7 +83,7 @@ extern double gStandardOffset;
 extern double gDogLegOffset;
 extern double gCalibrationRadius;
 extern double gCalibrationPulse;
-extern std::string gRootDirectory;    // the Project Library folder
+extern std::string gRootDirectory; // the Project Library folder
 extern std::string gArchiveDirectory;
 extern std::int16_t gPanelSize;
 extern std::int16_t gRadiusDisplayRulerIndex;

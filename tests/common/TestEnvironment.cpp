@@ -1,1 +1,0 @@
-// Shared helpers of the test programs live beside this file.
