@@ -1,0 +1,103 @@
+#include "model/clsPropeller.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace corvane;
+using testing::ElementsAre;
+
+namespace {
+
+auto Fails(int number) {
+    return testing::Throws<CorvaneError>(testing::Property(&CorvaneError::Number, number));
+}
+
+} // namespace
+
+TEST(clsPropeller, StartsWithTwoEmptyBladesAndOwnUnits) {
+    clsPropeller p;
+    EXPECT_EQ(p.BladeCount(), 2);
+    EXPECT_EQ(p.RadialPresetIndex(), 4);
+    ASSERT_NE(p.Blades(1), nullptr);
+    EXPECT_EQ(p.Blades(1)->SectionCount(), 0);
+    EXPECT_THAT([&] { p.Blades(2); }, Fails(ErrorNumber::SubscriptOutOfRange));
+    ASSERT_NE(p.Units(), nullptr);
+    EXPECT_NE(p.Units(), clsPropeller().Units());
+}
+
+TEST(clsPropeller, BladeCountKeepsBladesThatStay) {
+    clsPropeller p;
+    p.Blades(1)->SetSectionCount(8);
+    p.Blades(1)->Section(3)->SetRadiusArray({1.0, 2.0});
+    p.Blades(1)->SetGLPositionThetaDeg(90.0);
+
+    p.SetBladeCount(5);
+    EXPECT_EQ(p.BladeCount(), 5);
+    EXPECT_EQ(p.Blades(1)->SectionCount(), 8);
+    EXPECT_THAT(p.Blades(1)->Section(3)->RadiusArray(), ElementsAre(1.0, 2.0));
+    EXPECT_DOUBLE_EQ(p.Blades(1)->GLPositionThetaDeg(), 90.0);
+    EXPECT_EQ(p.Blades(4)->SectionCount(), 0);
+
+    // 0 or less: the count reads 2 and the five blades stay as they are.
+    const auto fifth = p.Blades(4);
+    p.SetBladeCount(0);
+    EXPECT_EQ(p.BladeCount(), 2);
+    EXPECT_EQ(p.Blades(4), fifth);
+    // The copy holds the counted blades only.
+    EXPECT_THAT([&] { p.CopyClass()->Blades(2); }, Fails(ErrorNumber::SubscriptOutOfRange));
+
+    p.SetBladeCount(1);
+    EXPECT_EQ(p.Blades(0)->SectionCount(), 0);
+    EXPECT_THAT([&] { p.Blades(1); }, Fails(ErrorNumber::SubscriptOutOfRange));
+}
+
+TEST(clsPropeller, CopyIsDeepAndCopiesOnlyTheUnitIndex) {
+    clsPropeller p;
+    p.Units()->SetPropLengthIndex(3);
+    p.Units()->SetSigDigits(4);
+    p.SetDescription("after grinding");
+    p.SetMaterialDescription("NiBrAl");
+    p.SetRadialPresetIndex(1);
+    p.SetPitchMean(1.25);
+    p.SetDiameter(2.5);
+    p.SetPitchOfRecord("1250");
+    p.SetISOPropellerPitch(1.3);
+    p.SetRepairStatusIndex(2);
+    p.SetScanDate("2024/3/1 9:05:00");
+    p.SetScanID(27);
+    p.SetScanSource("USB4");
+    p.SetScanDrop(1);
+    p.SetBladeCount(3);
+    p.Blades(2)->SetSectionCount(1);
+    p.Blades(2)->Section(0)->SetAxialDropXArray({0.5});
+    p.SetBlades(0, nullptr);
+
+    const auto c = p.CopyClass();
+    EXPECT_EQ(c->Units()->PropLengthIndex(), 3);
+    EXPECT_EQ(c->Units()->SigDigits(), -1);
+    EXPECT_NE(c->Units(), p.Units());
+    EXPECT_EQ(c->Description(), "after grinding");
+    EXPECT_EQ(c->MaterialDescription(), "NiBrAl");
+    EXPECT_EQ(c->RadialPresetIndex(), 1);
+    EXPECT_DOUBLE_EQ(c->PitchMean(), 1.25);
+    EXPECT_DOUBLE_EQ(c->Diameter(), 2.5);
+    EXPECT_EQ(c->PitchOfRecord(), "1250");
+    EXPECT_DOUBLE_EQ(c->ISOPropellerPitch(), 1.3);
+    EXPECT_EQ(c->RepairStatusIndex(), 2);
+    EXPECT_EQ(c->ScanDate(), "2024/3/1 9:05:00");
+    EXPECT_EQ(c->ScanID(), 27);
+    EXPECT_EQ(c->ScanSource(), "USB4");
+    EXPECT_EQ(c->ScanDrop(), 1);
+    EXPECT_EQ(c->BladeCount(), 3);
+    ASSERT_NE(c->Blades(0), nullptr); // an empty slot copies as a new blade
+    EXPECT_THAT(c->Blades(2)->Section(0)->AxialDropXArray(), ElementsAre(0.5));
+    EXPECT_NE(c->Blades(2), p.Blades(2));
+}
+
+TEST(clsPropeller, RepairStatusWords) {
+    clsPropeller p;
+    EXPECT_EQ(p.RepairStatusLabel(), "Initial");
+    EXPECT_EQ(p.RepairStatusFileTag(1), "Intermediate");
+    EXPECT_EQ(p.RepairStatusLabel(2), "Final");
+    EXPECT_EQ(p.RepairStatusLabel(3), "");
+}
