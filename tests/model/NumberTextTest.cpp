@@ -1,0 +1,116 @@
+#include "model/NumberText.h"
+#include "model/CorvaneError.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace corvane {
+namespace {
+
+TEST(NumberText, FloatsTakeTheShortestFileForm) {
+    EXPECT_EQ(FormatFileFloat(0.0), "0");
+    EXPECT_EQ(FormatFileFloat(-0.0), "0");
+    EXPECT_EQ(FormatFileFloat(0.5), ".5");
+    EXPECT_EQ(FormatFileFloat(-0.5), "-.5");
+    EXPECT_EQ(FormatFileFloat(1.5), "1.5");
+    EXPECT_EQ(FormatFileFloat(-12.25), "-12.25");
+    EXPECT_EQ(FormatFileFloat(100.0), "100");
+    EXPECT_EQ(FormatFileFloat(0.1 + 0.2), ".3"); // 15 digits hide the binary residue
+    EXPECT_EQ(FormatFileFloat(1.0 / 3.0), ".333333333333333");
+    EXPECT_EQ(FormatFileFloat(2.0 / 3.0), ".666666666666667");
+}
+
+TEST(NumberText, ExponentFormStartsBelowE_4AndAtE15) {
+    EXPECT_EQ(FormatFileFloat(0.0001), ".0001");
+    EXPECT_EQ(FormatFileFloat(0.00001), "1E-05");
+    EXPECT_EQ(FormatFileFloat(0.000015), "1.5E-05");
+    EXPECT_EQ(FormatFileFloat(-0.000015), "-1.5E-05");
+    EXPECT_EQ(FormatFileFloat(123456789012345.0), "123456789012345");
+    EXPECT_EQ(FormatFileFloat(1e15), "1E+15");
+    EXPECT_EQ(FormatFileFloat(1234567890123456.0), "1.23456789012346E+15");
+    EXPECT_EQ(FormatFileFloat(999999999999999.9), "1E+15"); // rounding carries into the exponent
+    EXPECT_EQ(FormatFileFloat(1e100), "1E+100");
+    EXPECT_EQ(FormatFileFloat(2.5e-300), "2.5E-300");
+}
+
+TEST(NumberText, IntegersAndNonFiniteValues) {
+    EXPECT_EQ(FormatFileInteger(0), "0");
+    EXPECT_EQ(FormatFileInteger(-32768), "-32768");
+    EXPECT_EQ(FormatFileInteger(1234567), "1234567");
+    EXPECT_EQ(FormatFileFloat(std::numeric_limits<double>::quiet_NaN()), "NaN");
+    EXPECT_EQ(FormatFileFloat(-std::numeric_limits<double>::infinity()), "-Inf");
+}
+
+TEST(NumberText, LeadingNumberReadsLikeVal) {
+    EXPECT_EQ(ParseLeadingNumber("3,5"), 3.0);
+    EXPECT_EQ(ParseLeadingNumber("12abc"), 12.0);
+    EXPECT_EQ(ParseLeadingNumber("  -.5"), -0.5);
+    EXPECT_EQ(ParseLeadingNumber("+7."), 7.0);
+    EXPECT_EQ(ParseLeadingNumber("1.5E3x"), 1500.0);
+    EXPECT_EQ(ParseLeadingNumber("1.5e-2"), 0.015);
+    EXPECT_EQ(ParseLeadingNumber("2D2"), 200.0);
+    EXPECT_EQ(ParseLeadingNumber("1e"), 1.0); // exponent letter without digits
+    EXPECT_EQ(ParseLeadingNumber("1e+x"), 1.0);
+    EXPECT_EQ(ParseLeadingNumber("1 2 3"), 123.0); // blanks inside are passed over
+    EXPECT_EQ(ParseLeadingNumber("1.2.3"), 1.2);
+    EXPECT_EQ(ParseLeadingNumber(""), 0.0);
+    EXPECT_EQ(ParseLeadingNumber("-"), 0.0);
+    EXPECT_EQ(ParseLeadingNumber("."), 0.0);
+    EXPECT_EQ(ParseLeadingNumber("abc1"), 0.0);
+    EXPECT_EQ(ParseLeadingNumber("--5"), 0.0);
+    EXPECT_EQ(ParseLeadingNumber("0.1"), 0.1); // correctly rounded
+    EXPECT_EQ(ParseLeadingNumber("1e-400"), 0.0);
+    EXPECT_EQ(ParseLeadingNumber("0.000000000000000000000000000000001e300"), 1e267);
+    EXPECT_THROW(ParseLeadingNumber("1e400"), CorvaneError);
+}
+
+TEST(NumberText, EveryFileFloatReadsBackExactlyAtFifteenDigits) {
+    const double values[] = {0.1, -2.675, 1234.56789, 6.02214076e23, 1.5e-5, 3.14159265358979, 1e-300};
+    for (const double v : values) {
+        const double back = ParseLeadingNumber(FormatFileFloat(v));
+        EXPECT_EQ(FormatFileFloat(back), FormatFileFloat(v)) << v;
+        EXPECT_NEAR(back, v, std::abs(v) * 1e-14) << v;
+    }
+}
+
+TEST(NumberText, ScanReportsWhereTheNumberEnds) {
+    EXPECT_EQ(ScanNumber("1,5", ',', false).end, 3u);
+    EXPECT_EQ(ScanNumber("1,5", ',', false).value, 1.5);
+    EXPECT_EQ(ScanNumber("1.5", ',', false).end, 1u);
+    EXPECT_EQ(ScanNumber("2e", '.', false).end, 1u);
+    EXPECT_EQ(ScanNumber("2e-3", '.', false).end, 4u);
+    EXPECT_FALSE(ScanNumber("-.", '.', false).found);
+}
+
+// Qt sets the C locale from the user's; a comma locale must not change a byte of a file.
+TEST(NumberText, CommaLocaleChangesNothing) {
+    const std::string previous = std::setlocale(LC_ALL, nullptr);
+    const char* names[] = {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8", "de_DE"};
+    const char* chosen = nullptr;
+    for (const char* name : names) {
+        if (std::setlocale(LC_ALL, name) != nullptr) {
+            chosen = name;
+            break;
+        }
+    }
+    if (chosen == nullptr) {
+        GTEST_SKIP() << "no comma locale installed";
+    }
+    ASSERT_EQ(*std::localeconv()->decimal_point, ',');
+    const std::string small = FormatFileFloat(-0.000015);
+    const std::string plain = FormatFileFloat(1234.5);
+    const double parsed = ParseLeadingNumber("1234.5");
+    const double commaParsed = ParseLeadingNumber("3,5");
+    std::setlocale(LC_ALL, previous.c_str());
+    EXPECT_EQ(small, "-1.5E-05");
+    EXPECT_EQ(plain, "1234.5");
+    EXPECT_EQ(parsed, 1234.5);
+    EXPECT_EQ(commaParsed, 3.0);
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,202 @@
+#include "model/modUtilities.h"
+#include "model/CorvaneError.h"
+#include "model/Globals.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace corvane {
+namespace {
+
+class modUtilities : public ::testing::Test {
+protected:
+    void SetUp() override { gDecimalChar = '.'; }
+    void TearDown() override { gDecimalChar = '.'; }
+};
+
+TEST_F(modUtilities, RoundSignificantRoundsTiesAwayFromZero) {
+    EXPECT_DOUBLE_EQ(RoundSignificant(1234.5678, 2), 1200.0);
+    EXPECT_DOUBLE_EQ(RoundSignificant(0.0012345, 2), 0.0012);
+    EXPECT_DOUBLE_EQ(RoundSignificant(-2.5, 1), -3.0);
+    EXPECT_DOUBLE_EQ(RoundSignificant(2.5, 1), 3.0);
+    EXPECT_DOUBLE_EQ(RoundSignificant(0.45, 1), 0.5);
+    EXPECT_DOUBLE_EQ(RoundSignificant(-1234.56789012, 9), -1234.56789);
+    EXPECT_DOUBLE_EQ(RoundSignificant(987654321.0, 3), 988000000.0);
+    EXPECT_EQ(RoundSignificant(5.0, 0), 0.0);
+    EXPECT_EQ(RoundSignificant(0.0, 3), 0.0);
+    EXPECT_GT(RoundSignificant(4.9e-324, 9), 0.0); // no overflow of the scale factor
+}
+
+TEST_F(modUtilities, RoundSignificantReportsTheFormatOfTheDigitsKept) {
+    std::string format = "unchanged";
+    EXPECT_DOUBLE_EQ(RoundSignificant(999.6, 3, &format), 1000.0);
+    EXPECT_EQ(format, "#########0");
+    RoundSignificant(12345.0, 2, &format);
+    EXPECT_EQ(format, "#########0");
+    RoundSignificant(1.2345, 3, &format);
+    EXPECT_EQ(format, "#########0.00");
+    RoundSignificant(0.0012345, 2, &format);
+    EXPECT_EQ(format, "#########0.0000");
+    RoundSignificant(1e-20, 5, &format); // longer than the pattern: all of it
+    EXPECT_EQ(format, "#########0.0000000000");
+    format = "kept";
+    RoundSignificant(0.0, 3, &format);
+    EXPECT_EQ(format, "kept");
+    // Log(1000) / Log(10) lies just below 3, so 1000 keeps one decimal more; the value stays.
+    EXPECT_DOUBLE_EQ(RoundSignificant(1000.0, 4, &format), 1000.0);
+    EXPECT_EQ(format, "#########0.0");
+}
+
+TEST_F(modUtilities, CompareDoubleModesAndTwelveDigitRounding) {
+    EXPECT_TRUE(CompareDouble(1.0000000000001, kCompareEqual, 1.0, 0.0));
+    EXPECT_FALSE(CompareDouble(1.0000000000001, kCompareGreater, 1.0, 0.0));
+    EXPECT_TRUE(CompareDouble(1.00000000001, kCompareGreater, 1.0, 0.0));
+    EXPECT_TRUE(CompareDouble(1.05, kCompareEqual, 1.0, -0.1)); // the magnitude of the tolerance
+    EXPECT_TRUE(CompareDouble(1.05, kCompareGreaterOrEqual, 1.0, 0.1));
+    EXPECT_TRUE(CompareDouble(0.95, kCompareGreaterOrEqual, 1.0, 0.1));
+    EXPECT_FALSE(CompareDouble(0.8, kCompareGreaterOrEqual, 1.0, 0.1));
+    EXPECT_TRUE(CompareDouble(1.05, kCompareLessOrEqual, 1.0, 0.1));
+    EXPECT_FALSE(CompareDouble(1.0, kCompareLess, 1.0, 5.0)); // tolerance ignored
+    EXPECT_TRUE(CompareDouble(0.9, kCompareLess, 1.0, 5.0));
+    EXPECT_TRUE(CompareDouble(1.2, kCompareNotEqual, 1.0, 0.1));
+    EXPECT_FALSE(CompareDouble(1.0, kCompareNotEqual, 1.0, 0.0));
+    EXPECT_FALSE(CompareDouble(1.0, 6, 1.0, 0.0));
+    EXPECT_FALSE(CompareDouble(1.0, -1, 1.0, 0.0));
+}
+
+TEST_F(modUtilities, FormatPointPrintsHistoricFormatsWithAPoint) {
+    EXPECT_EQ(FormatPoint(1.23456, "0.0000"), "1.2346");
+    EXPECT_EQ(FormatPoint(-0.5, "0.000"), "-0.500");
+    EXPECT_EQ(FormatPoint(1234.5, "#########0"), "1235");
+    EXPECT_EQ(FormatPoint(0.0, "#########0"), "0");
+    EXPECT_EQ(FormatPoint(2.675, "0.00"), "2.68"); // decided on 15 digits, not the binary value
+    EXPECT_EQ(FormatPoint(0.125, "0.00"), "0.13");
+    EXPECT_EQ(FormatPoint(-0.001, "0.00"), "0.00"); // no minus on a zero
+    EXPECT_EQ(FormatPoint(99.996, "0.00"), "100.00");
+    EXPECT_EQ(FormatPoint(12345678901.0, "0.0"), "12345678901.0");
+    EXPECT_EQ(FormatPoint(0.7, "0.0#"), "0.7");
+    EXPECT_EQ(FormatPoint(0.75, "0.0#"), "0.75");
+    EXPECT_EQ(FormatPoint(2.5, "0.0###"), "2.5");
+    EXPECT_EQ(FormatPoint(0.1234, "0.0%"), "12.3%");
+    EXPECT_EQ(FormatPoint(0.7, "#R"), "1R");
+    EXPECT_EQ(FormatPoint(0.5, "#.##"), ".5");
+    EXPECT_EQ(FormatPoint(1.0 / 3.0, "0.0##############"), "0.333333333333333");
+    EXPECT_EQ(FormatPoint(5.0, "0\" deg\""), "5 deg");
+    EXPECT_EQ(FormatPoint(-5.0, "0.0;(0.0)"), "(5.0)");
+    EXPECT_EQ(FormatPoint(0.5, ""), "0.5");
+    EXPECT_EQ(FormatPoint(0.00001, ""), "1E-05");
+    EXPECT_EQ(FormatPoint(3.0, "0,0"), "0.3"); // literal comma replaced by the point
+}
+
+TEST_F(modUtilities, StringToDoubleTrustsTheUserSeparatorOnlyForWholeNumbers) {
+    EXPECT_EQ(StringToDouble("12abc"), 12.0);
+    EXPECT_EQ(StringToDouble("  1.5  "), 1.5);
+    EXPECT_EQ(StringToDouble("3,5"), 3.0);
+    EXPECT_EQ(StringToDouble(""), 0.0);
+    EXPECT_EQ(StringToDouble("-1.5e2"), -150.0);
+    gDecimalChar = ',';
+    EXPECT_EQ(StringToDouble("3,5"), 3.5);
+    EXPECT_EQ(StringToDouble(" -0,25 "), -0.25);
+    EXPECT_EQ(StringToDouble("3.5"), 3.5); // not a comma number: the leading number by "."
+    EXPECT_EQ(StringToDouble("3,5abc"), 3.0);
+    EXPECT_TRUE(IsNumericText("1,5E3", ','));
+    EXPECT_FALSE(IsNumericText("1,5", '.'));
+    EXPECT_FALSE(IsNumericText("", '.'));
+    EXPECT_FALSE(IsNumericText("1e", '.'));
+}
+
+TEST_F(modUtilities, StringToIntegerRoundsHalfToEvenWithin16Bits) {
+    EXPECT_EQ(StringToInteger("2.5"), 2);
+    EXPECT_EQ(StringToInteger("3.5"), 4);
+    EXPECT_EQ(StringToInteger("-2.5"), -2);
+    EXPECT_EQ(StringToInteger("2.51"), 3);
+    EXPECT_EQ(StringToInteger("12abc"), 12);
+    EXPECT_EQ(StringToInteger("x"), 0);
+    EXPECT_EQ(StringToInteger("32767.4"), 32767);
+    EXPECT_EQ(StringToInteger("-32768.5"), -32768);
+    gDecimalChar = ',';
+    EXPECT_EQ(StringToInteger("1,5"), 2);
+    try {
+        StringToInteger("32767.5");
+        ADD_FAILURE() << "no overflow";
+    } catch (const CorvaneError& e) {
+        EXPECT_EQ(e.Number(), ErrorNumber::Overflow);
+    }
+    EXPECT_THROW(StringToInteger("-40000"), CorvaneError);
+    EXPECT_THROW(StringToInteger("1e999"), CorvaneError);
+}
+
+TEST_F(modUtilities, SplitListKeepsEveryStretch) {
+    std::vector<std::string> out{"stale"};
+    EXPECT_EQ(SplitList(out, "1,2,3", ","), 3);
+    EXPECT_EQ(out, (std::vector<std::string>{"1", "2", "3"}));
+    EXPECT_EQ(SplitList(out, "", ","), 1);
+    EXPECT_EQ(out, (std::vector<std::string>{""}));
+    EXPECT_EQ(SplitList(out, ",a,", ","), 3);
+    EXPECT_EQ(out, (std::vector<std::string>{"", "a", ""}));
+    EXPECT_EQ(SplitList(out, "a||b|c", "||"), 2);
+    EXPECT_EQ(out[1], "b|c");
+}
+
+TEST_F(modUtilities, DateStampsRoundTripAndRejectNonDates) {
+    EXPECT_EQ(DateToStamp(DateTime{2024, 3, 5, 7, 0, 9}), "2024/3/5 7:0:9");
+    EXPECT_EQ(DateToStamp(DateTime{}), "1899/12/30 0:0:0");
+    EXPECT_EQ(DateToStamp(DateTime{2023, 2, 29, 0, 0, 0}), "");
+    EXPECT_EQ(StampToDate("2024/3/5 7:0:9"), (DateTime{2024, 3, 5, 7, 0, 9}));
+    EXPECT_EQ(StampToDate("2024/12/31 23:59"), (DateTime{2024, 12, 31, 23, 59, 0}));
+    EXPECT_EQ(StampToDate("20240305-0712"), (DateTime{2024, 3, 5, 7, 12, 0}));
+    EXPECT_EQ(StampToDate("2024/3/5"), DateTime{}); // no blank, no "-"
+    EXPECT_EQ(StampToDate("2024/2/30 1:2:3"), DateTime{});
+    EXPECT_EQ(StampToDate("2024/x/5 1:2:3"), DateTime{});
+    EXPECT_EQ(StampToDate("2024-03-05"), DateTime{});
+    EXPECT_EQ(StampToDate(""), DateTime{});
+    const DateTime now{2026, 11, 22, 9, 5, 7};
+    EXPECT_EQ(StampToDate(DateToStamp(now)), now);
+}
+
+TEST_F(modUtilities, WrapKeepsAnglesInTheirHalfOpenRanges) {
+    EXPECT_EQ(Wrap360(0.0), 0.0);
+    EXPECT_EQ(Wrap360(360.0), 0.0);
+    EXPECT_EQ(Wrap360(-360.0), 0.0);
+    EXPECT_EQ(Wrap360(-90.0), 270.0);
+    EXPECT_EQ(Wrap360(720.5), 0.5);
+    EXPECT_EQ(Wrap360(-1e-20), 0.0); // 360 - 1e-20 is 360
+    EXPECT_EQ(Wrap180(180.0), 180.0);
+    EXPECT_EQ(Wrap180(-180.0), 180.0);
+    EXPECT_EQ(Wrap180(181.0), -179.0);
+    EXPECT_EQ(Wrap180(-90.0), -90.0);
+    EXPECT_EQ(Wrap360(std::numeric_limits<double>::quiet_NaN()), 0.0);
+    EXPECT_EQ(Wrap180(-std::numeric_limits<double>::infinity()), 0.0);
+    const double huge = Wrap360(1e300);
+    EXPECT_GE(huge, 0.0);
+    EXPECT_LT(huge, 360.0);
+    EXPECT_NEAR(Wrap360(1e7 + 370.0), std::fmod(1e7 + 10.0, 360.0), 1e-6);
+}
+
+TEST_F(modUtilities, SmallHelpers) {
+    const double pi = 4.0 * std::atan(1.0);
+    EXPECT_EQ(Atan2YX(1.0, 0.0), pi / 2.0);
+    EXPECT_EQ(Atan2YX(-1.0, 0.0), -pi / 2.0);
+    EXPECT_EQ(Atan2YX(0.0, 0.0), 0.0);
+    EXPECT_EQ(Atan2YX(0.0, -2.0), pi);
+    EXPECT_DOUBLE_EQ(Atan2YX(1.0, -1.0), 3.0 * pi / 4.0);
+    EXPECT_DOUBLE_EQ(Atan2YX(-1.0, -1.0), -3.0 * pi / 4.0);
+    EXPECT_EQ(ShiftLeft(1, 31), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(ShiftLeft(0x40000001, 1), static_cast<std::int32_t>(0x80000002u));
+    EXPECT_EQ(ShiftLeft(-1, 4), -16);
+    EXPECT_THROW(ShiftLeft(1, 32), CorvaneError);
+    EXPECT_TRUE(std::signbit(MaxDouble(0.0, -0.0))); // a tie gives the second argument
+    EXPECT_FALSE(std::signbit(MinDouble(-0.0, 0.0)));
+    EXPECT_EQ(MaxOfArray({3.0, -1.0, 7.5, 2.0}), 7.5);
+    EXPECT_EQ(MinOfArray({3.0, -1.0, 7.5, 2.0}), -1.0);
+    EXPECT_THROW(MaxOfArray({}), CorvaneError);
+    EXPECT_EQ(StripControlChars("a\tb\r\nc\x01"), "abc");
+    EXPECT_EQ(StripControlChars("a\tb\r\nc", true), "ab\r\nc");
+}
+
+} // namespace
+} // namespace corvane
