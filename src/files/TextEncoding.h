@@ -1,0 +1,23 @@
+#pragma once
+
+// Text of the data files is UTF-8 without BOM. Files from older stations were written in the
+// Windows ANSI code page (1252); they are recognised by not being valid UTF-8 and converted.
+
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+// Strict UTF-8: no overlong forms, no surrogates, nothing above U+10FFFF.
+bool IsValidUtf8(std::string_view bytes);
+
+// Every byte to its Windows-1252 character in UTF-8. The five codes the code page leaves
+// undefined (0x81, 0x8D, 0x8F, 0x90, 0x9D) map to the C1 controls of the same number, as the
+// platform's own conversion does.
+std::string Windows1252ToUtf8(std::string_view bytes);
+
+// File bytes to UTF-8 text: a leading UTF-8 BOM is dropped, valid UTF-8 is kept as it is, and
+// anything else is read as Windows-1252.
+std::string DecodeFileText(std::string_view bytes);
+
+} // namespace corvane
