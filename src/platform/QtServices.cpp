@@ -1,0 +1,13 @@
+#include "platform/QtServices.h"
+
+namespace corvane {
+
+QtServices::QtServices() : previous_(InstalledServices()) {
+    InstallServices(Services{&prompts, &settings, &clock, &environment, &events, &sound});
+}
+
+QtServices::~QtServices() {
+    InstallServices(previous_);
+}
+
+} // namespace corvane
