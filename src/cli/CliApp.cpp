@@ -1,7 +1,9 @@
 #include "cli/CliApp.h"
 
+#include "cli/ConsolePrompts.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
+#include "support/MemorySettingsStore.h"
 
 #include <ostream>
 
@@ -19,6 +21,14 @@ void PrintUsage(std::ostream& out) {
 } // namespace
 
 int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    // The command line never touches the station's settings and never waits for an answer.
+    ConsolePrompts prompts(err);
+    MemorySettingsStore settings;
+    Services services = InstalledServices();
+    services.prompts = &prompts;
+    services.settings = &settings;
+    ServiceScope scope(services);
+
     if (args.empty()) {
         PrintUsage(err);
         return 1;
