@@ -65,6 +65,9 @@ bool gAudioFeedback = false;
 bool gFootPedal = false;
 std::int32_t gKeyboardTrigger = 0;
 std::int32_t gScanBladeOrder = 0;
+std::int16_t gDefaultPropLengthIndex = 2;
+std::array<std::string, 3> gEncoderTypeTag{};
+std::array<std::string, 3> gEncoderFileTag{};
 
 double gActiveProbeOffset = 0;
 double gActiveProbeDrop = 0;
@@ -123,6 +126,9 @@ void ResetGlobals() {
     gFootPedal = false;
     gKeyboardTrigger = 0;
     gScanBladeOrder = 0;
+    gDefaultPropLengthIndex = 2;
+    gEncoderTypeTag = {};
+    gEncoderFileTag = {};
     gActiveProbeOffset = 0;
     gActiveProbeDrop = 0;
 }

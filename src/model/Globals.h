@@ -91,8 +91,15 @@ extern bool gRadiusDisplayRulerFlip;
 extern std::int16_t gReportLayout;
 extern bool gAudioFeedback;
 extern bool gFootPedal;
-extern std::int32_t gKeyboardTrigger; // key code, 0 for none
-extern std::int32_t gScanBladeOrder;  // 0 in blade order, 1 in rotation direction
+extern std::int32_t gKeyboardTrigger;        // key code, 0 for none
+extern std::int32_t gScanBladeOrder;         // 0 in blade order, 1 in rotation direction
+extern std::int16_t gDefaultPropLengthIndex; // unit of new projects (PropLengthIndex of the options)
+
+// Encoder type words by index (0 off, 1 dual channel, 2 single channel), filled at start:
+// gEncoderTypeTag for the settings and the ScanDrop of project files, gEncoderFileTag for
+// calibration files.
+extern std::array<std::string, 3> gEncoderTypeTag;
+extern std::array<std::string, 3> gEncoderFileTag;
 
 // Working values of the probe.
 extern double gActiveProbeOffset;
