@@ -18,6 +18,7 @@ std::array<bool, 8> gShowRadiusFlags{};
 std::array<bool, 8> gISORadiusFlags{};
 std::array<bool, 7> gShowBladeFlags{};
 bool ZoomActive = false;
+std::int16_t gScanOrderMode = 0;
 bool gPitchIgnoreTrack = true;
 
 std::int32_t gOfficeMode = 0;
@@ -88,6 +89,7 @@ void ResetGlobals() {
     gISORadiusFlags = {};
     gShowBladeFlags = {};
     ZoomActive = false;
+    gScanOrderMode = 0;
     gPitchIgnoreTrack = true;
 
     gOfficeMode = 0;

@@ -45,6 +45,9 @@ extern std::array<bool, 8> gISORadiusFlags;
 extern std::array<bool, 7> gShowBladeFlags;
 extern bool ZoomActive;
 extern bool gPitchIgnoreTrack;
+// Scan sequence: 0 all blades per radius, 1 all radii per blade. Back to 0 whenever the default
+// options are read again or a new project starts.
+extern std::int16_t gScanOrderMode;
 
 // Station state.
 extern std::int32_t gOfficeMode; // 0 Shop, 1 Office
