@@ -1,0 +1,158 @@
+#include "geometry/modCheckScanData.h"
+#include "ScanFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace corvane::test {
+namespace {
+
+using CheckScan = ScanTest;
+
+const char* const kRadiusError = "An error in the arm radius values was found. Arm radius values cannot be "
+                                 "negative, the scan data cannot be processed.";
+const char* const kBladeError = "An error in the blade data was found. The blade has no sections, and the "
+                                "procedure was aborted by the user.";
+const char* const kNoDataError =
+    "An error in the scan data was found. The scan has no data and is unable to proceed.";
+
+void ExpectShown(const ScriptedPrompts::Shown& shown, const std::string& text, const std::string& title,
+                 int buttons) {
+    EXPECT_EQ(shown.text, text);
+    EXPECT_EQ(shown.title, title);
+    EXPECT_EQ(shown.style & MsgBox::ButtonsMask, buttons);
+}
+
+TEST_F(CheckScan, AlignsScansOfEitherHandAndEveryBladeCount) {
+    const std::vector<double> offsets = {0.4, 1.5, -2.0, 0.75, -1.25, 2.5, -0.5};
+    for (std::int16_t rotation : {0, 1}) {
+        for (std::int16_t n = 2; n <= 7; ++n) {
+            SCOPED_TRACE("rotation " + std::to_string(rotation) + ", blades " + std::to_string(n));
+            clsVirtualPropeller prop;
+            prop.RotationIndex = rotation;
+            prop.BladeCount = n;
+            prop.FirstBladeThetaDeg = 350; // sweeps of blade 0 cross 0/360 before and after the turn
+            prop.BladeOffsetDeg = offsets;
+            Sweep(prop);
+            gProject->PropellerScan(0)->Blades(0)->SetGLPositionThetaDeg(7.0);
+            ASSERT_EQ(CheckScanData(0), 1);
+            ASSERT_TRUE(prompts.History().empty());
+
+            auto scan = gProject->PropellerScan(0);
+            const double turn = 350 + offsets[0];
+            const double spacing = 360.0 / n;
+            for (int slot = 0; slot < n; ++slot) {
+                // The virtual blades run with the rotation; the slots run against it.
+                const int blade = (n - slot) % n;
+                const double gl =
+                    rotation == 0 ? Wrap360(-spacing * slot) : (slot == 0 ? 7.0 : spacing * slot);
+                EXPECT_DOUBLE_EQ(scan->Blades(slot)->GLPositionThetaDeg(), gl);
+                EXPECT_TRUE(SameAngle(scan->Blades(slot)->ISOEffectiveBladeAngleDeg() - gl,
+                                      slot == 0 && rotation == 1 ? -7.0 : offsets[blade] - offsets[0]));
+                for (int row = 0; row < 8; ++row) {
+                    auto section = scan->Blades(slot)->Section(row);
+                    ASSERT_EQ(section->RawOffsetCount(), 12) << "no point of an ideal sweep goes backwards";
+                    const double te = prop.TrailingEdgeThetaDeg(blade, kStandardRadialPositions[row]);
+                    EXPECT_TRUE(SameAngle(section->ThetaDeg(0), te - turn));
+                    EXPECT_GE(section->ThetaDeg(11), 0.0);
+                    EXPECT_LT(section->ThetaDeg(11), 360.0);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(CheckScan, BackwardPointsCloseUpTheAnglesOnly) {
+    for (std::int16_t rotation : {0, 1}) {
+        clsVirtualPropeller prop;
+        prop.RotationIndex = rotation;
+        prop.BladeCount = 3;
+        prop.FirstBladeThetaDeg = 40;
+        auto scan = Sweep(prop);
+        auto section = scan->Blades(0)->Section(2);
+        // Point 5 falls back onto point 3, point 6 repeats point 4's angle: neither moves on.
+        std::vector<double> theta = section->ThetaDegArray();
+        std::vector<double> drop = section->AxialDropXArray();
+        section->SetThetaDeg(5, theta[3]);
+        section->SetThetaDeg(6, theta[4]);
+        for (int i = 0; i < 12; ++i) {
+            section->SetRadius(i, 10.0 + i);
+        }
+        ASSERT_EQ(CheckScanData(0), 1);
+        auto checked = gProject->PropellerScan(0)->Blades(0)->Section(2);
+        ASSERT_EQ(checked->RawOffsetCount(), 10);
+        const std::vector<int> kept = {0, 1, 2, 3, 4, 7, 8, 9, 10, 11};
+        for (int i = 0; i < 10; ++i) {
+            EXPECT_TRUE(SameAngle(checked->ThetaDeg(i), theta[kept[i]] - 40)) << i;
+            EXPECT_DOUBLE_EQ(checked->Radius(i), 10.0 + i) << "radius stays in place";
+            EXPECT_DOUBLE_EQ(checked->AxialDropX(i), drop[i]) << "drop stays in place";
+        }
+        EXPECT_EQ(gProject->PropellerScan(0)->Blades(1)->Section(2)->RawOffsetCount(), 12);
+    }
+}
+
+TEST_F(CheckScan, ArmRadiusAtOrBelowZeroRefusesTheScan) {
+    for (double bad : {0.0, -0.5}) {
+        prompts.Clear();
+        clsVirtualPropeller prop;
+        auto scan = Sweep(prop);
+        scan->Blades(1)->Section(4)->SetRadius(3, bad);
+        prompts.Expect(Answer::OK, "arm radius");
+        EXPECT_EQ(CheckScanData(0), 0);
+        ASSERT_EQ(prompts.History().size(), 1u);
+        ExpectShown(prompts.History()[0], kRadiusError, "Scan Data Error", MsgBox::OKOnly);
+    }
+}
+
+TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
+    clsVirtualPropeller prop;
+    prop.BladeCount = 3;
+    Sweep(prop)->Blades(1)->SetSectionCount(0);
+    prompts.Expect(Answer::Yes, "Blade 2 has");
+    EXPECT_EQ(CheckScanData(0), 1);
+    ExpectShown(prompts.History().at(0), "Blade 2 has no sections. Do you wish to proceed?",
+                "Scan Data Warning...", MsgBox::YesNo);
+
+    prompts.Clear();
+    Sweep(prop)->Blades(1)->SetSectionCount(0);
+    prompts.Expect(Answer::No, "Blade 2 has");
+    prompts.Expect(Answer::OK, "blade data");
+    EXPECT_EQ(CheckScanData(0), 0);
+    ExpectShown(prompts.History().at(1), kBladeError, "Scan Data Error", MsgBox::OKOnly);
+
+    prompts.Clear();
+    prop.BladeCount = 4;
+    auto scan = Sweep(prop);
+    scan->Blades(1)->SetSectionCount(0);
+    for (int row = 0; row < 8; ++row) {
+        scan->Blades(3)->Section(row)->SetRawOffsetCount(0);
+    }
+    prompts.Expect(Answer::Yes, "Blades [2, 4] have");
+    EXPECT_EQ(CheckScanData(0), 1);
+    EXPECT_EQ(prompts.History().at(0).text, "Blades [2, 4] have no sections. Do you wish to proceed?");
+}
+
+TEST_F(CheckScan, AScanWithoutDataIsRefused) {
+    NewProject(0, 3);
+    prompts.Expect(Answer::Yes, "Blades [1, 2, 3] have no sections.");
+    prompts.Expect(Answer::OK, "no data");
+    EXPECT_EQ(CheckScanData(0), 0);
+    ASSERT_EQ(prompts.History().size(), 2u);
+    ExpectShown(prompts.History()[1], kNoDataError, "Scan Data Error", MsgBox::OKOnly);
+}
+
+TEST_F(CheckScan, NoScanOrNoBladesIsRefusedSilently) {
+    EXPECT_EQ(CheckScanData(0), 0) << "no project";
+    gProject = std::make_shared<clsCorvane>();
+    EXPECT_EQ(CheckScanData(0), 0) << "no scans";
+    NewProject(0, 3);
+    EXPECT_EQ(CheckScanData(1), 0);
+    EXPECT_EQ(CheckScanData(-1), 0);
+    gProject->SetBladeCount(0);
+    EXPECT_EQ(CheckScanData(0), 0);
+    EXPECT_TRUE(prompts.History().empty());
+}
+
+} // namespace
+} // namespace corvane::test
