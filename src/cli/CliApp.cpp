@@ -1,6 +1,8 @@
 #include "cli/CliApp.h"
 
 #include "cli/ConsolePrompts.h"
+#include "cli/DemoCommand.h"
+#include "cli/InfoCommand.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
 #include "support/MemorySettingsStore.h"
@@ -14,8 +16,12 @@ void PrintUsage(std::ostream& out) {
     out << "Usage: corvane-cli <command> [options]\n"
            "\n"
            "Commands:\n"
-           "  --version        print the program version\n"
-           "  --help           print this text\n";
+           "  info FILE [--json]         header, scans, blades and points of a cvpj or tbsc file\n"
+           "  demo OUT.cvpj [--points N] write the built-in demo project\n"
+           "  --version                  print the program version\n"
+           "  --help                     print this text\n"
+           "\n"
+           "Exit status: 0 done, 1 wrong usage, 2 the command failed.\n";
 }
 
 } // namespace
@@ -33,7 +39,14 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         PrintUsage(err);
         return 1;
     }
+    gAppTitle = "Corvane";
+    gAppExeName = "corvane-cli";
     const std::string& command = args[0];
+    const std::vector<std::string> rest(args.begin() + 1, args.end());
+    if (command == "info")
+        return RunInfo(rest, out, err);
+    if (command == "demo")
+        return RunDemo(rest, out, err);
     if (command == "--version" || command == "version") {
         out << "corvane-cli " << kVersionText << "\n";
         return 0;

@@ -1,0 +1,182 @@
+#include "cli/InfoCommand.h"
+
+#include "cli/JsonWriter.h"
+#include "files/modProjectCommands.h"
+#include "files/modProjectFile.h"
+#include "files/modTesselbyFile.h"
+#include "iso484/clsISO484.h"
+#include "model/Globals.h"
+#include "model/clsBlades.h"
+#include "model/clsCorvane.h"
+#include "model/clsPropeller.h"
+#include "model/clsSection.h"
+#include "model/clsUnits.h"
+#include "support/ScriptedPrompts.h"
+#include "support/Services.h"
+#include "support/modNVSystemUtilities.h"
+
+#include <filesystem>
+#include <ostream>
+
+namespace corvane::cli {
+namespace {
+
+struct Header {
+    std::string projectID, lastModified, customer, markedPitch;
+    double markedDiameter = 0;
+    std::int16_t bladeCount = 0, classIndex = 0, propLengthIndex = 0;
+};
+
+std::string Lower(std::string text) {
+    for (char& c : text)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return text;
+}
+
+// The notices the reader showed, as one text: each message on its own line.
+std::string CollectedNotice(const ScriptedPrompts& prompts) {
+    std::string text;
+    for (const auto& shown : prompts.History()) {
+        if (!text.empty())
+            text += "\r\n";
+        text += shown.text;
+    }
+    return text;
+}
+
+// The last line that says something: a reader stops at the item it could not do without, which
+// it notes last.
+std::string LastLine(const std::string& text) {
+    const auto end = text.find_last_not_of(" \r\n");
+    if (end == std::string::npos)
+        return {};
+    const auto start = text.find_last_of("\r\n", end);
+    return text.substr(start == std::string::npos ? 0 : start + 1,
+                       end + 1 - (start == std::string::npos ? 0 : start + 1));
+}
+
+void WriteScansJson(JsonWriter& json) {
+    json.Key("Scans").BeginArray();
+    for (int hand = 0; hand < 2; ++hand) {
+        const int count = hand == 0 ? gProject->RightScanCount() : gProject->LeftScanCount();
+        for (int i = 0; i < count; ++i) {
+            const auto scan = hand == 0 ? gProject->RightScan(i) : gProject->LeftScan(i);
+            json.BeginObject().Field("Hand", hand == 0 ? "Right" : "Left").Field("Index", i);
+            json.Field("ScanID", scan->ScanID()).Key("Blades").BeginArray();
+            for (int b = 0; b < scan->BladeCount(); ++b) {
+                const auto blade = scan->Blades(b);
+                json.BeginObject()
+                    .Field("SectionCount", blade->SectionCount())
+                    .Key("RawOffsetCount")
+                    .BeginArray();
+                for (int k = 0; k < blade->SectionCount(); ++k)
+                    json.Integer(blade->Section(k)->RawOffsetCount());
+                json.EndArray().EndObject();
+            }
+            json.EndArray().EndObject();
+        }
+    }
+    json.EndArray();
+}
+
+void WriteScansText(std::ostream& out) {
+    for (int hand = 0; hand < 2; ++hand) {
+        const int count = hand == 0 ? gProject->RightScanCount() : gProject->LeftScanCount();
+        for (int i = 0; i < count; ++i) {
+            const auto scan = hand == 0 ? gProject->RightScan(i) : gProject->LeftScan(i);
+            out << (hand == 0 ? "Right" : "Left") << " scan " << i << " (ScanID " << scan->ScanID()
+                << "): " << scan->BladeCount() << " blades\n";
+            for (int b = 0; b < scan->BladeCount(); ++b) {
+                const auto blade = scan->Blades(b);
+                out << "  blade " << b + 1 << ": " << blade->SectionCount() << " sections, points";
+                for (int k = 0; k < blade->SectionCount(); ++k)
+                    out << ' ' << blade->Section(k)->RawOffsetCount();
+                out << '\n';
+            }
+        }
+    }
+}
+
+} // namespace
+
+int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    bool asJson = false;
+    std::string path;
+    for (const auto& arg : args) {
+        if (arg == "--json")
+            asJson = true;
+        else if (path.empty() && (arg.empty() || arg[0] != '-'))
+            path = arg;
+        else {
+            err << "corvane-cli info: unexpected argument '" << arg << "'\n";
+            return 1;
+        }
+    }
+    if (path.empty()) {
+        err << "usage: corvane-cli info FILE [--json]\n";
+        return 1;
+    }
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) {
+        err << "corvane-cli info: cannot read " << path << ": no such file\n";
+        return 2;
+    }
+
+    Header header;
+    if (!ReadProjectHeader(path, header.projectID, header.lastModified, header.customer,
+                           header.markedDiameter, header.markedPitch, header.bladeCount, header.classIndex,
+                           header.propLengthIndex)) {
+        err << "corvane-cli info: cannot read " << path
+            << ": not a project file (no Project or PropellerInfo block)\n";
+        return 2;
+    }
+
+    // The reader's notices are collected, not printed: they are part of the answer.
+    ScriptedPrompts notices;
+    notices.SetAnswerFreely(true);
+    Services services = InstalledServices();
+    services.prompts = &notices;
+    ServiceScope scope(services);
+    CreateNewProject();
+    notices.Clear();
+    const bool tesselby = Lower(FileExtensionOf(path)) == "tbsc";
+    const int result = tesselby ? ReadTesselbyFile(path, true) : ReadProjectFile(path, true);
+    const std::string notice = CollectedNotice(notices);
+    if (result != 1) {
+        err << "corvane-cli info: cannot read " << path << ": "
+            << (notice.empty() ? "the file is damaged" : LastLine(notice)) << "\n";
+        return 2;
+    }
+
+    const std::string classTag = gISO484->ISOClassFileTag(header.classIndex);
+    const std::string unitTag = gUnits->PropLengthFileTag(header.propLengthIndex);
+    if (asJson) {
+        JsonWriter json(out);
+        json.BeginObject()
+            .Field("ProjectID", header.projectID)
+            .Field("LastModified", header.lastModified)
+            .Field("Customer", header.customer)
+            .Field("MarkedDiameter", header.markedDiameter)
+            .Field("MarkedPitch", header.markedPitch)
+            .Field("BladeCount", header.bladeCount)
+            .Field("ClassIndex", classTag)
+            .Field("PropLength", unitTag)
+            .Field("Notice", notice);
+        WriteScansJson(json);
+        json.EndObject().Finish();
+        return 0;
+    }
+    out << "ProjectID:      " << header.projectID << "\n"
+        << "LastModified:   " << header.lastModified << "\n"
+        << "Customer:       " << header.customer << "\n"
+        << "MarkedDiameter: " << header.markedDiameter << " " << unitTag << "\n"
+        << "MarkedPitch:    " << header.markedPitch << "\n"
+        << "BladeCount:     " << header.bladeCount << "\n"
+        << "Class:          " << classTag << "\n";
+    if (!notice.empty())
+        out << "Notice:         " << notice << "\n";
+    WriteScansText(out);
+    return 0;
+}
+
+} // namespace corvane::cli

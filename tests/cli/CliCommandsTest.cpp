@@ -1,0 +1,98 @@
+#include "cli/CliApp.h"
+#include "common/ServicesFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace corvane::cli {
+namespace {
+
+struct CliRun {
+    int code = 0;
+    std::string out, err;
+};
+
+CliRun Cli(std::vector<std::string> args) {
+    std::ostringstream out, err;
+    CliRun run;
+    run.code = RunCli(args, out, err);
+    run.out = out.str();
+    run.err = err.str();
+    return run;
+}
+
+std::string ReadAll(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+int CountLines(const std::string& text) {
+    return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
+}
+
+class CliCommandsTest : public ::testing::Test {
+protected:
+    test::TempFolder temp;
+};
+
+TEST_F(CliCommandsTest, DemoIsTheSameBytesEveryTimeAndInfoDescribesIt) {
+    const std::string a = temp.File("a.cvpj"), b = temp.File("b.cvpj");
+    ASSERT_EQ(Cli({"demo", a}).code, 0);
+    ASSERT_EQ(Cli({"demo", b}).code, 0);
+    EXPECT_EQ(ReadAll(a), ReadAll(b));
+
+    const CliRun text = Cli({"info", a});
+    ASSERT_EQ(text.code, 0) << text.err;
+    EXPECT_NE(text.out.find("ProjectID:      DEMO-4B"), std::string::npos);
+    EXPECT_NE(text.out.find("blade 4: 8 sections, points 40 40 40 40 40 40 40 40"), std::string::npos);
+
+    const CliRun json = Cli({"info", a, "--json"});
+    ASSERT_EQ(json.code, 0) << json.err;
+    for (const char* expected : {"\"ProjectID\": \"DEMO-4B\"", "\"LastModified\": \"2026/11/22 9:0:0\"",
+                                 "\"MarkedDiameter\": 40", "\"MarkedPitch\": \"36\"", "\"BladeCount\": 4",
+                                 "\"ClassIndex\": \"ClassI\"", "\"PropLength\": \"in\"", "\"Notice\": \"\"",
+                                 "\"Hand\": \"Right\"", "\"ScanID\": 0", "\"SectionCount\": 8"})
+        EXPECT_NE(json.out.find(expected), std::string::npos) << expected;
+}
+
+TEST_F(CliCommandsTest, InfoCollectsTheReadersNotice) {
+    const std::string path = temp.File("demo.cvpj");
+    ASSERT_EQ(Cli({"demo", path, "--points", "3"}).code, 0);
+    std::string bytes = ReadAll(path);
+    const auto at = bytes.find("ClassIndex=ClassI\r\n");
+    ASSERT_NE(at, std::string::npos);
+    bytes.erase(at, std::string("ClassIndex=ClassI\r\n").size());
+    std::ofstream(path, std::ios::binary) << bytes;
+
+    const CliRun json = Cli({"info", path, "--json"});
+    ASSERT_EQ(json.code, 0) << json.err;
+    EXPECT_NE(json.out.find("[ClassIndex] tag [] not recognized."), std::string::npos) << json.out;
+}
+
+TEST_F(CliCommandsTest, UnreadableFilesGiveOneLineAndExitTwo) {
+    const std::string garbage = temp.File("garbage.cvpj");
+    std::ofstream(garbage, std::ios::binary) << "\x01\x02 not a project\r\n[Other]\r\nA=1\r\n";
+    for (const std::string& path : {temp.File("missing.cvpj"), garbage, temp.Path().string()}) {
+        const CliRun run = Cli({"info", path, "--json"});
+        EXPECT_EQ(run.code, 2) << path;
+        EXPECT_EQ(CountLines(run.err), 1) << run.err;
+        EXPECT_NE(run.err.find(path), std::string::npos);
+        EXPECT_TRUE(run.out.empty());
+    }
+    EXPECT_EQ(Cli({"info"}).code, 1);
+    EXPECT_EQ(Cli({"demo", temp.File("x.cvpj"), "--points", "many"}).code, 1);
+    EXPECT_EQ(Cli({"frobnicate"}).code, 1);
+}
+
+TEST_F(CliCommandsTest, VersionAndHelp) {
+    const CliRun version = Cli({"--version"});
+    EXPECT_EQ(version.code, 0);
+    EXPECT_EQ(version.out.rfind("corvane-cli ", 0), 0u);
+    EXPECT_NE(Cli({"--help"}).out.find("info FILE [--json]"), std::string::npos);
+}
+
+} // namespace
+} // namespace corvane::cli
