@@ -1,8 +1,7 @@
 #include "platform/QtPrompts.h"
 
-#include "model/Globals.h"
+#include "platform/frmNVCriticalErrorHandler.h"
 
-#include <QCheckBox>
 #include <QInputDialog>
 #include <QMessageBox>
 
@@ -95,17 +94,8 @@ std::optional<std::string> QtPrompts::InputBox(const std::string& prompt, const 
 }
 
 int QtPrompts::ShowCriticalError(const std::string& report, bool showEmail, bool showAbort) {
-    (void)showEmail; // e-mailing the report comes with the mail hand-over
-    QMessageBox box(QMessageBox::Critical, Q(gAppTitle + " Error"), Plain(report), QMessageBox::Ok, parent_);
-    box.setWindowFlag(Qt::WindowStaysOnTopHint);
-    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
-    QCheckBox* abortBox = nullptr;
-    if (showAbort) {
-        abortBox = new QCheckBox(QStringLiteral("Abort and close application"), &box);
-        box.setCheckBox(abortBox);
-    }
-    box.exec();
-    return (abortBox && abortBox->isChecked()) ? Answer::Abort : Answer::Ignore;
+    frmNVCriticalErrorHandler dialog(report, showEmail, showAbort, parent_);
+    return dialog.ShowModal();
 }
 
 } // namespace corvane

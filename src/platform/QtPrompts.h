@@ -6,7 +6,7 @@ class QWidget;
 
 namespace corvane {
 
-// Message boxes, input boxes and the critical error report on Qt widgets.
+// Message boxes, input boxes and the critical error dialog on Qt widgets.
 class QtPrompts : public IPrompts {
 public:
     // Boxes are centred on the given window when there is one (the main window, once shown).

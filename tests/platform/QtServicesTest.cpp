@@ -97,8 +97,6 @@ TEST(QtPrompts, MapsButtonsToAnswerCodes) {
               Answer::No);
     ClickWhenShown(QStringLiteral("Ignore"));
     EXPECT_EQ(prompts.MessageBox("x", MsgBox::AbortRetryIgnore, "Corvane"), Answer::Ignore);
-    ClickWhenShown(QStringLiteral("OK"));
-    EXPECT_EQ(prompts.ShowCriticalError("An error has occurred testing.\r\n", false, true), Answer::Ignore);
 }
 
 } // namespace
