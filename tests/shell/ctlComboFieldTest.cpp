@@ -1,0 +1,207 @@
+#include "shell/ctlComboField.h"
+#include "shell/ColorRef.h"
+
+#include "shell/QtTestApp.h"
+
+#include <gtest/gtest.h>
+
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace corvane {
+namespace {
+
+using test::PixelAt;
+using test::Render;
+
+void SendFocus(QWidget* target, QEvent::Type type) {
+    QFocusEvent event(type, Qt::TabFocusReason);
+    QApplication::sendEvent(target, &event);
+}
+
+class ComboFieldTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        combo.resize(180, 32);
+        for (const char* unit : {"Millimetres", "Metres", "Inches", "Feet"}) {
+            combo.AddItem(QString::fromLatin1(unit));
+        }
+    }
+
+    QApplication& app = test::TestApp();
+    ctlComboField combo;
+};
+
+TEST_F(ComboFieldTest, AddsAtAnIndexAndKeepsTheSelectedRowAndItsData) {
+    EXPECT_EQ(combo.ListCount(), 4);
+    EXPECT_EQ(combo.NewIndex(), 3);
+    combo.SetListIndex(1);
+    combo.SetItemData(1, 42);
+    combo.AddItem(QStringLiteral("Centimetres"), 1);
+    EXPECT_EQ(combo.NewIndex(), 1);
+    EXPECT_EQ(combo.ListIndex(), 2); // still "Metres"
+    EXPECT_EQ(combo.List(2), QStringLiteral("Metres"));
+    EXPECT_EQ(combo.ItemData(2), 42);
+    EXPECT_EQ(combo.ItemData(1), 0);
+    combo.AddItem(QStringLiteral("Yards"), 99); // past the end appends
+    EXPECT_EQ(combo.List(5), QStringLiteral("Yards"));
+    EXPECT_EQ(combo.List(6), QString());
+    EXPECT_EQ(combo.List(-1), QString());
+    EXPECT_EQ(combo.ItemData(17), 0);
+
+    combo.Clear();
+    EXPECT_EQ(combo.ListCount(), 0);
+    EXPECT_EQ(combo.ListIndex(), -1);
+    EXPECT_EQ(combo.NewIndex(), -1);
+    EXPECT_EQ(combo.Text(), QString());
+}
+
+TEST_F(ComboFieldTest, SettingListIndexCopiesTheTextWithoutClick) {
+    QSignalSpy clicks(&combo, &ctlComboField::Click);
+    QSignalSpy changes(&combo, &ctlComboField::Change);
+    combo.SetListIndex(2);
+    EXPECT_EQ(combo.Text(), QStringLiteral("Inches"));
+    combo.SetListIndex(7); // out of range: nothing moves
+    EXPECT_EQ(combo.ListIndex(), 2);
+    combo.SetListIndex(-1);
+    EXPECT_EQ(combo.Text(), QString());
+    EXPECT_EQ(clicks.count(), 0);
+    EXPECT_EQ(changes.count(), 2);
+}
+
+TEST_F(ComboFieldTest, ArrowKeysStepTheSelectionWithoutWrapping) {
+    QSignalSpy clicks(&combo, &ctlComboField::Click);
+    QTest::keyClick(combo.TextBox(), Qt::Key_Up); // nothing selected, nothing above
+    EXPECT_EQ(combo.ListIndex(), -1);
+    QTest::keyClick(combo.TextBox(), Qt::Key_Down);
+    EXPECT_EQ(combo.ListIndex(), 0);
+    EXPECT_EQ(combo.Text(), QStringLiteral("Millimetres"));
+    QTest::keyClick(combo.TextBox(), Qt::Key_Up);
+    EXPECT_EQ(combo.ListIndex(), 0);
+    combo.SetListIndex(3);
+    QTest::keyClick(combo.TextBox(), Qt::Key_Down);
+    EXPECT_EQ(combo.ListIndex(), 3);
+    QTest::keyClick(combo.TextBox(), Qt::Key_Up);
+    EXPECT_EQ(combo.Text(), QStringLiteral("Inches"));
+    EXPECT_EQ(clicks.count(), 2);
+}
+
+TEST_F(ComboFieldTest, LockedSwallowsTypingAndUnlockedRaisesKeyPress) {
+    int keyPresses = 0;
+    QObject::connect(&combo, &ctlComboField::KeyPress, [&](int& keyCode) {
+        ++keyPresses;
+        if (keyCode == 'x') {
+            keyCode = -1;
+        }
+    });
+    combo.SetText(QStringLiteral("Initial"));
+    combo.SetLocked(true);
+    QTest::keyClicks(combo.TextBox(), QStringLiteral("ab"));
+    QTest::keyClick(combo.TextBox(), Qt::Key_Backspace);
+    EXPECT_EQ(combo.Text(), QStringLiteral("Initial"));
+    EXPECT_EQ(keyPresses, 0);
+    // The list still chooses on a locked field.
+    QTest::keyClick(combo.TextBox(), Qt::Key_Down);
+    EXPECT_EQ(combo.Text(), QStringLiteral("Millimetres"));
+
+    combo.SetLocked(false);
+    combo.SetText(QString());
+    QTest::keyClicks(combo.TextBox(), QStringLiteral("Fxinal"));
+    EXPECT_EQ(combo.Text(), QStringLiteral("Final"));
+    EXPECT_EQ(keyPresses, 6);
+}
+
+TEST_F(ComboFieldTest, ArrowButtonTogglesTheListAndChoosingARowRaisesClick) {
+    combo.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&combo));
+    QSignalSpy clicks(&combo, &ctlComboField::Click);
+    const QPoint arrow = combo.ButtonRect().center();
+    QTest::mouseClick(&combo, Qt::LeftButton, {}, arrow);
+    ASSERT_TRUE(combo.Dropped());
+    EXPECT_EQ(combo.ListBox()->objectName(), QStringLiteral("listOptions"));
+    QTest::mouseClick(&combo, Qt::LeftButton, {}, arrow);
+    EXPECT_FALSE(combo.Dropped());
+
+    combo.OpenCombo();
+    ASSERT_TRUE(combo.Dropped());
+    QListWidget* list = combo.ListBox();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+    EXPECT_FALSE(combo.Dropped());
+    EXPECT_EQ(combo.ListIndex(), 1);
+    EXPECT_EQ(combo.Text(), QStringLiteral("Metres"));
+    EXPECT_EQ(clicks.count(), 1);
+
+    // Disabled: text, button and list together, and the arrow opens nothing.
+    combo.SetEnabled(false);
+    EXPECT_FALSE(combo.TextBox()->isEnabled());
+    EXPECT_FALSE(combo.ListBox()->isEnabled());
+    combo.OpenCombo();
+    EXPECT_FALSE(combo.Dropped());
+}
+
+TEST_F(ComboFieldTest, FocusPaintsFrameAndSeparatorsAndKeepsThemWhileTheListIsOpen) {
+    const int middle = combo.height() / 2;
+    const int separator = combo.ButtonRect().left() - 1;
+    const QColor highlight = combo.palette().color(QPalette::Active, QPalette::Highlight);
+    QImage image = Render(combo);
+    EXPECT_EQ(PixelAt(image, 0, middle).name(), QColor(192, 192, 192).name());
+    EXPECT_EQ(PixelAt(image, 1, middle).name(), QColor(Qt::white).name());
+    EXPECT_EQ(PixelAt(image, separator, middle).name(), QColor(Qt::black).name());
+
+    SendFocus(combo.TextBox(), QEvent::FocusIn);
+    image = Render(combo);
+    EXPECT_EQ(PixelAt(image, 0, middle).name(), highlight.name());
+    EXPECT_EQ(PixelAt(image, 1, middle).name(), highlight.name());
+    EXPECT_EQ(PixelAt(image, separator, middle).name(), highlight.name());
+
+    SendFocus(combo.TextBox(), QEvent::FocusOut);
+    image = Render(combo);
+    EXPECT_EQ(PixelAt(image, 0, middle).name(), QColor(192, 192, 192).name());
+    EXPECT_EQ(PixelAt(image, separator, middle).name(), QColor(Qt::black).name());
+
+    combo.SetBackcolor(RGBColor(223, 223, 223));
+    EXPECT_EQ(PixelAt(Render(combo), 4, middle).name(), QColor(223, 223, 223).name());
+}
+
+TEST_F(ComboFieldTest, FocusMovingIntoItsOwnListKeepsTheFocusLook) {
+    QWidget page;
+    auto* field = new ctlComboField(&page);
+    auto* other = new QLineEdit(&page);
+    field->AddItem(QStringLiteral("Right"));
+    field->AddItem(QStringLiteral("Left"));
+    field->setGeometry(10, 10, 160, 30);
+    other->setGeometry(10, 60, 160, 30);
+    page.show();
+    QApplication::setActiveWindow(&page);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&page));
+    field->setFocus();
+    EXPECT_TRUE(field->Focused());
+    field->OpenCombo();
+    ASSERT_TRUE(field->Dropped());
+    EXPECT_TRUE(field->Focused());
+    field->OpenCombo();
+    EXPECT_FALSE(field->Dropped());
+    EXPECT_TRUE(field->Focused());
+    other->setFocus();
+    EXPECT_FALSE(field->Focused());
+}
+
+TEST_F(ComboFieldTest, StoresItsListAsNumberedProperties) {
+    const QVariantMap bag = combo.WriteProperties();
+    EXPECT_EQ(bag.value(QStringLiteral("List1")).toString(), QStringLiteral("Millimetres"));
+    EXPECT_EQ(bag.value(QStringLiteral("List4")).toString(), QStringLiteral("Feet"));
+    EXPECT_FALSE(bag.contains(QStringLiteral("List5")));
+
+    ctlComboField copy;
+    QVariantMap gap = bag;
+    gap.remove(QStringLiteral("List3")); // the list ends at the first missing number
+    copy.ReadProperties(gap);
+    EXPECT_EQ(copy.ListCount(), 2);
+    EXPECT_EQ(copy.List(1), QStringLiteral("Metres"));
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,236 @@
+#include "shell/ctlPanelButton.h"
+#include "shell/ColorRef.h"
+
+#include "common/ServicesFixture.h"
+#include "shell/QtTestApp.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace corvane {
+namespace {
+
+using test::PixelAt;
+using test::Render;
+
+// The application's tool strip colours.
+constexpr std::uint32_t kFrame = RGBColor(37, 64, 97);
+constexpr std::uint32_t kFace = RGBColor(55, 96, 145);
+constexpr std::uint32_t kPressed = RGBColor(228, 109, 10);
+constexpr std::uint32_t kWhite = RGBColor(255, 255, 255);
+
+// Decoded here by hand, so a fault in FromBGR shows in the paint tests too.
+QString Name(std::uint32_t bgr) {
+    return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
+                  static_cast<int>(bgr >> 16))
+        .name();
+}
+
+class PanelButtonTest : public test::ServicesTest {
+protected:
+    void SetUp() override {
+        test::ServicesTest::SetUp();
+        button.resize(90, 44);
+        button.SetPanelColors(kFrame, kFace, kFace, kPressed);
+        button.SetForeColor(kWhite);
+        button.SetCaption(QStringLiteral("SCAN"));
+    }
+
+    // Where the face shows clear of caption and frame line.
+    QString FaceAt(const QImage& image) const { return PixelAt(image, 8, button.height() / 2).name(); }
+    // Just inside the face's top edge: the frame line when it is shown.
+    QString TopEdgeAt(const QImage& image) const { return PixelAt(image, button.width() / 2, 2).name(); }
+
+    // Rows and pixel count of caption ink (near-white pixels).
+    struct Ink {
+        int firstRow = -1;
+        int lastRow = -1;
+        int pixels = 0;
+    };
+    static Ink InkOf(const QImage& image) {
+        Ink ink;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor c = PixelAt(image, x, y);
+                if (c.red() > 200 && c.green() > 200 && c.blue() > 200) {
+                    ++ink.pixels;
+                    ink.firstRow = ink.firstRow < 0 ? y : ink.firstRow;
+                    ink.lastRow = y;
+                }
+            }
+        }
+        return ink;
+    }
+
+    QApplication& app = test::TestApp(); // before any widget
+    ctlPanelButton button;
+};
+
+TEST(ColorRef, ReadsBlueGreenRedWithRedInTheLowByte) {
+    EXPECT_EQ(FromBGR(0xFF0000), QColor(0, 0, 255)); // blade 0 is blue
+    EXPECT_EQ(FromBGR(0x257A09), QColor(9, 122, 37));
+    EXPECT_EQ(RGBColor(37, 64, 97), 0x614025u);
+    EXPECT_EQ(ToBGR(QColor(228, 109, 10)), RGBColor(228, 109, 10));
+}
+
+TEST_F(PanelButtonTest, IgnoresFontSizesAtOrBelowZeroAndUnknownSizeRows) {
+    button.SetFontSize(0);
+    button.SetFontSize(-3);
+    EXPECT_EQ(button.FontSize(), 12);
+    button.SetFontSize(9);
+    button.SetSize(1);
+    EXPECT_EQ(button.Size(), 0);
+    EXPECT_EQ(button.FontSize(), 9);
+    button.SetSize(0); // "Small" takes its caption font
+    EXPECT_EQ(button.FontSize(), 12);
+    EXPECT_GE(button.sizeHint().width(), 62); // the 930-twip panel
+}
+
+TEST_F(PanelButtonTest, PaintsFaceByStateWithTheFrameColourAround) {
+    QImage image = Render(button);
+    EXPECT_EQ(PixelAt(image, 0, 0).name(), Name(kFrame));
+    EXPECT_EQ(FaceAt(image), Name(kFace));
+
+    button.SetPressed(true);
+    EXPECT_EQ(FaceAt(Render(button)), Name(kPressed));
+
+    // Disabled shows the disabled face whatever Pressed says.
+    button.SetPanelColors(kFrame, RGBColor(90, 90, 90), kFace, kPressed);
+    button.SetEnabled(false);
+    image = Render(button);
+    EXPECT_EQ(FaceAt(image), Name(RGBColor(90, 90, 90)));
+    EXPECT_FALSE(button.CaptionBold());
+}
+
+TEST_F(PanelButtonTest, FrameLineFollowsShowBorderAndActiveBorder) {
+    button.SetForeColor(0xFF0000); // blue, so the line is told from the white caption
+    EXPECT_EQ(TopEdgeAt(Render(button)), Name(kFace));
+
+    // Pressed without either flag: no line.
+    button.SetPressed(true);
+    EXPECT_EQ(TopEdgeAt(Render(button)), Name(kPressed));
+    // ActiveBorder draws it only while pressed.
+    button.SetActiveBorder(true);
+    EXPECT_EQ(TopEdgeAt(Render(button)), QColor(0, 0, 255).name());
+    button.SetPressed(false);
+    EXPECT_EQ(TopEdgeAt(Render(button)), Name(kFace));
+    // ShowBorder draws it in both states, BorderWidth pixels thick inside the face.
+    button.SetShowBorder(true);
+    button.SetBorderWidth(2);
+    const QImage image = Render(button);
+    EXPECT_EQ(PixelAt(image, button.width() / 2, 1).name(), QColor(0, 0, 255).name());
+    EXPECT_EQ(PixelAt(image, button.width() / 2, 2).name(), QColor(0, 0, 255).name());
+    EXPECT_EQ(PixelAt(image, button.width() / 2, 4).name(), Name(kFace));
+}
+
+TEST_F(PanelButtonTest, CaptionTurnsBoldOnlyWhenPressedAndAllowed) {
+    button.SetPressed(true);
+    const Ink bold = InkOf(Render(button));
+    button.SetBoldWhenPressed(false);
+    const Ink plain = InkOf(Render(button));
+    EXPECT_GT(bold.pixels, plain.pixels + plain.pixels / 10);
+    // Released is never bold.
+    button.SetBoldWhenPressed(true);
+    button.SetPressed(false);
+    EXPECT_FALSE(button.CaptionBold());
+    EXPECT_NEAR(InkOf(Render(button)).pixels, plain.pixels, plain.pixels / 20 + 2);
+}
+
+TEST_F(PanelButtonTest, CentresTheCaptionAndGrowsTheBoxForALineBreak) {
+    button.resize(90, 80);
+    button.SetCaption(QStringLiteral("BLADE"));
+    const Ink one = InkOf(Render(button));
+    button.SetCaption(QStringLiteral("BLADE\r\nLOCAL"));
+    const Ink two = InkOf(Render(button));
+    ASSERT_GE(one.firstRow, 0);
+    EXPECT_NEAR((one.firstRow + one.lastRow) / 2.0, button.height() / 2.0, 4.0);
+    EXPECT_NEAR((two.firstRow + two.lastRow) / 2.0, button.height() / 2.0, 4.0);
+    EXPECT_GT(two.lastRow - two.firstRow, 2 * (one.lastRow - one.firstRow));
+}
+
+TEST_F(PanelButtonTest, RadioPressesOnceAndRaisesClickOnce) {
+    QSignalSpy clicks(&button, &ctlPanelButton::Click);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.Pressed());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.Pressed());
+    EXPECT_EQ(clicks.count(), 1);
+}
+
+TEST_F(PanelButtonTest, ToggleFlipsLetsEventsRunAndRaisesClickEachTime) {
+    button.SetClickAction(ctlPanelButton::ClickToggle);
+    QSignalSpy clicks(&button, &ctlPanelButton::Click);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_TRUE(button.Pressed());
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.Pressed());
+    EXPECT_EQ(clicks.count(), 2);
+    EXPECT_EQ(events.doEventsCalls, 2);
+}
+
+TEST_F(PanelButtonTest, MomentaryHoldsThePressThenReleasesBeforeClick) {
+    button.SetClickAction(ctlPanelButton::ClickMomentary);
+    bool pressedAtClick = true;
+    QObject::connect(&button, &ctlPanelButton::Click, [&] { pressedAtClick = button.Pressed(); });
+    QElapsedTimer timer;
+    timer.start();
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_GE(timer.elapsed(), 95);
+    EXPECT_FALSE(pressedAtClick);
+    EXPECT_FALSE(button.Pressed());
+}
+
+TEST_F(PanelButtonTest, LabelsDisabledButtonsAndDragsOffRaiseNothing) {
+    QSignalSpy clicks(&button, &ctlPanelButton::Click);
+    button.SetClickAction(ctlPanelButton::ClickNone);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.Pressed());
+
+    button.SetClickAction(ctlPanelButton::ClickToggle);
+    QTest::mousePress(&button, Qt::LeftButton);
+    QTest::mouseRelease(&button, Qt::LeftButton, {}, QPoint(200, 200)); // let go off the panel
+    QTest::mouseClick(&button, Qt::RightButton);
+
+    button.SetEnabled(false);
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_FALSE(button.Pressed());
+    EXPECT_EQ(clicks.count(), 0);
+}
+
+TEST_F(PanelButtonTest, PropertiesPersistUnderTheirStoredNames) {
+    button.SetShowBorder(true);
+    button.SetBorderWidth(3);
+    button.SetClickAction(ctlPanelButton::ClickMomentary);
+    button.SetToolTips(QStringLiteral("Scan page"));
+    button.SetForeColor(0xFF0000);
+    const QVariantMap bag = button.WriteProperties();
+    for (const char* name :
+         {"FontSize", "Caption", "ForeColor", "Border", "ActiveBorder", "BoldWhenPressed", "BorderWidth",
+          "Pressed", "Visible", "Size", "ClickAction", "Enabled", "ToolTips"}) {
+        EXPECT_TRUE(bag.contains(QString::fromLatin1(name))) << name;
+    }
+    EXPECT_TRUE(bag.value(QStringLiteral("Border")).toBool());
+
+    ctlPanelButton copy;
+    copy.ReadProperties(bag);
+    EXPECT_EQ(copy.Caption(), QStringLiteral("SCAN"));
+    EXPECT_TRUE(copy.ShowBorder());
+    EXPECT_EQ(copy.BorderWidth(), 3);
+    EXPECT_EQ(copy.ClickAction(), ctlPanelButton::ClickMomentary);
+    EXPECT_EQ(copy.ForeColor(), 0xFF0000u);
+    EXPECT_EQ(copy.toolTip(), QStringLiteral("Scan page"));
+
+    // An empty bag gives the defaults back.
+    copy.ReadProperties({});
+    EXPECT_EQ(copy.FontSize(), 12);
+    EXPECT_EQ(copy.BorderWidth(), 4);
+    EXPECT_TRUE(copy.BoldWhenPressed());
+    EXPECT_EQ(copy.ClickAction(), ctlPanelButton::ClickRadio);
+    EXPECT_FALSE(copy.ShowBorder());
+}
+
+} // namespace
+} // namespace corvane

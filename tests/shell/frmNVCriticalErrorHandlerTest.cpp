@@ -1,0 +1,134 @@
+#include "platform/frmNVCriticalErrorHandler.h"
+
+#include "model/Globals.h"
+#include "platform/QtPrompts.h"
+#include "support/Services.h"
+
+#include "shell/QtTestApp.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+
+namespace corvane {
+namespace {
+
+const std::string kReport = "A file error has occurred reading the cvpj file from disk.\r\n\r\n"
+                            "Corvane 1.00.0000\r\nError number: 53\r\n";
+
+template <typename T> T* Child(QWidget& dialog, const char* name) {
+    T* child = dialog.findChild<T*>(QString::fromLatin1(name));
+    EXPECT_NE(child, nullptr) << name;
+    return child;
+}
+
+class CriticalErrorTest : public ::testing::Test {
+protected:
+    QApplication& app = test::TestApp();
+};
+
+TEST_F(CriticalErrorTest, ShowsTheReportWithItsCaptionsAndOptions) {
+    frmNVCriticalErrorHandler dialog(kReport, true, true);
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Corvane Error"));
+    EXPECT_TRUE(dialog.windowFlags() & Qt::WindowStaysOnTopHint);
+    auto* report = Child<QPlainTextEdit>(dialog, "txtErrorMsg");
+    EXPECT_TRUE(report->isReadOnly());
+    EXPECT_EQ(report->toPlainText(), QString::fromStdString(kReport).replace(QStringLiteral("\r\n"), "\n"));
+    EXPECT_EQ(Child<QCheckBox>(dialog, "chkAbortAndClose")->text(),
+              QStringLiteral("Abort and close application"));
+    EXPECT_EQ(Child<QPushButton>(dialog, "cmdOK")->text(), QStringLiteral("OK"));
+    EXPECT_EQ(Child<QCheckBox>(dialog, "chkIncludeData")->text(),
+              QStringLiteral("Include current project data"));
+    EXPECT_EQ(Child<QLabel>(dialog, "lblEmailNV")->text(),
+              QStringLiteral("Email Norvelle information about this error:"));
+    auto* email = Child<QPushButton>(dialog, "cmdEmail");
+    EXPECT_EQ(email->text(), QStringLiteral("&Email Norvelle"));
+    EXPECT_FALSE(email->isHidden());
+    EXPECT_FALSE(email->isEnabled()); // sending waits for the mail client
+    EXPECT_TRUE(Child<QCheckBox>(dialog, "chkIncludeData")->isEnabled());
+    EXPECT_NE(Child<QLabel>(dialog, "Image1"), nullptr);
+    EXPECT_GT(dialog.height(), 185);
+}
+
+TEST_F(CriticalErrorTest, WithoutTheOptionsHidesThemAndShrinks) {
+    frmNVCriticalErrorHandler dialog(kReport, false, false);
+    for (const char* name : {"chkAbortAndClose", "chkIncludeData", "cmdEmail", "lblEmailNV"}) {
+        auto* control = Child<QWidget>(dialog, name);
+        EXPECT_TRUE(control->isHidden()) << name;
+    }
+    EXPECT_FALSE(Child<QCheckBox>(dialog, "chkAbortAndClose")->isEnabled());
+    EXPECT_FALSE(Child<QCheckBox>(dialog, "chkIncludeData")->isEnabled());
+    EXPECT_LT(dialog.height(), 230); // 2775 twips unless the font needs more
+    // Even a ticked (hidden) abort box cannot end the program.
+    Child<QCheckBox>(dialog, "chkAbortAndClose")->setChecked(true);
+    Child<QPushButton>(dialog, "cmdOK")->click();
+    EXPECT_EQ(dialog.Answer(), Answer::Ignore);
+}
+
+TEST_F(CriticalErrorTest, AnswersAbortRetryAndIgnore) {
+    {
+        frmNVCriticalErrorHandler dialog(kReport, true, true);
+        Child<QPushButton>(dialog, "cmdOK")->click();
+        EXPECT_EQ(dialog.Answer(), Answer::Ignore);
+    }
+    {
+        frmNVCriticalErrorHandler dialog(kReport, true, true);
+        Child<QCheckBox>(dialog, "chkAbortAndClose")->setChecked(true);
+        Child<QPushButton>(dialog, "cmdOK")->click();
+        EXPECT_EQ(dialog.Answer(), Answer::Abort);
+    }
+    {
+        frmNVCriticalErrorHandler dialog(kReport, true, true);
+        dialog.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+        auto* report = Child<QPlainTextEdit>(dialog, "txtErrorMsg");
+        QTest::mouseDClick(report->viewport(), Qt::LeftButton);
+        EXPECT_EQ(dialog.Answer(), Answer::Retry);
+        EXPECT_FALSE(dialog.isVisible());
+    }
+    {
+        frmNVCriticalErrorHandler dialog(kReport, true, true);
+        dialog.reject(); // the window's close button or Escape
+        EXPECT_EQ(dialog.Answer(), Answer::Ignore);
+    }
+}
+
+// Runs the action on the critical error dialog once it is up and modal.
+void WhenDialogShown(std::function<void(frmNVCriticalErrorHandler&)> action) {
+    QTimer::singleShot(0, [action] {
+        auto* dialog = qobject_cast<frmNVCriticalErrorHandler*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        action(*dialog);
+    });
+}
+
+TEST_F(CriticalErrorTest, PromptsRunItModallyWithTheArrowAndPutTheCursorBack) {
+    QtPrompts prompts;
+    QApplication::setOverrideCursor(Qt::WaitCursor); // a long operation was running
+    Qt::CursorShape whileOpen = Qt::WaitCursor;
+    WhenDialogShown([&](frmNVCriticalErrorHandler& dialog) {
+        whileOpen = QApplication::overrideCursor()->shape();
+        QTest::mouseDClick(dialog.findChild<QPlainTextEdit*>()->viewport(), Qt::LeftButton);
+    });
+    EXPECT_EQ(prompts.ShowCriticalError(kReport, false, true), Answer::Retry);
+    EXPECT_EQ(whileOpen, Qt::ArrowCursor);
+    ASSERT_NE(QApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    QApplication::restoreOverrideCursor();
+
+    WhenDialogShown([](frmNVCriticalErrorHandler& dialog) {
+        dialog.findChild<QCheckBox*>(QStringLiteral("chkAbortAndClose"))->setChecked(true);
+        dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
+    });
+    EXPECT_EQ(prompts.ShowCriticalError(kReport, true, true), Answer::Abort);
+}
+
+} // namespace
+} // namespace corvane
