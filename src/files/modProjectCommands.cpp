@@ -139,6 +139,29 @@ int CreateNewProject() {
     return tail.Failed() ? 0 : 1;
 }
 
+int OpenProjectFile(const std::string& path) {
+    CreateNewProject();
+    if (ReadProjectFile(path, true) != 1) {
+        Prompts().MessageBox("An error occurred reading the file. Please check the file data and try again.",
+                             MsgBox::Critical, "File read error");
+        CreateNewProject();
+        return 0;
+    }
+    gProjectFileName = FileNameOf(path);
+    std::string user, computer;
+    if (IsFileLocked(path, user, computer)) {
+        Prompts().MessageBox(
+            "\"" + gProjectFileName + "\"" + kCRLF + kCRLF + "File is currently in use by user \"" + user +
+                "\" on computer \"" + computer + "\"." + kCRLF + kCRLF +
+                "You will need to use \"Save As\"and enter a new Project ID to save changes.",
+            MsgBox::Exclamation, "File in Use");
+        gProjectFileName = kReadOnlyUntitledFileName;
+    } else {
+        WriteLockFile(path);
+    }
+    return 1;
+}
+
 int SaveProject(ProjectCommandHost& host) {
     if (!RootDirectoryDefined())
         return 0;

@@ -47,6 +47,12 @@ std::string NewProjectFileName();
 // after removing the lock of the project that was open. 1, or 0 after an Ignore.
 int CreateNewProject();
 
+// Opens a project file as the library does: a new project, the file read with its notices (a
+// failed read says so under "File read error" and leaves a new project), then the lock: a file
+// locked by any station opens read-only under "~untitled.cvpj" after saying who holds it, any
+// other file gets this station's lock. 1 when the project was read.
+int OpenProjectFile(const std::string& path);
+
 // "Save project": refuses without a library folder, with missing required fields, or for a
 // project opened read-only; makes a file name on the first save; otherwise writes the lock and
 // the file. The result is that of the write, or 0 when refused.

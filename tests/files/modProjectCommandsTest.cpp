@@ -176,5 +176,48 @@ TEST_F(ProjectCommandsTest, SaveAsNeedsDiameterAndCustomerThenWritesANewFile) {
     EXPECT_TRUE(fs::exists(InLibrary(first + ".lck")));
 }
 
+TEST_F(ProjectCommandsTest, OpeningALockedProjectIsReadOnlyAndSaveRefuses) {
+    FillRequired();
+    ASSERT_EQ(SaveProject(host), 1);
+    const std::string path = InLibrary(gProjectFileName);
+    const std::string name = gProjectFileName;
+
+    // Another station, with its own new project, opens it while this one holds the lock.
+    gProjectFileName = "untitled.cvpj";
+    environment.userName = "ann";
+    environment.computerName = "BENCH2";
+    prompts.Expect(Answer::OK);
+    ASSERT_EQ(OpenProjectFile(path), 1);
+    EXPECT_EQ(prompts.History().back().title, "File in Use");
+    EXPECT_EQ(prompts.History().back().text,
+              "\"" + name +
+                  "\"\r\n\r\nFile is currently in use by user \"tech\" on computer \"STATION1\".\r\n\r\n"
+                  "You will need to use \"Save As\"and enter a new Project ID to save changes.");
+    EXPECT_EQ(gProjectFileName, "~untitled.cvpj");
+    EXPECT_EQ(gProject->Customer(), "Atlantic Tug");
+    prompts.Expect(Answer::OK, "The file is currently open in Read-Only mode.");
+    EXPECT_EQ(SaveProject(host), 0);
+
+    // Once the lock is gone the project opens for writing and takes this station's lock.
+    RemoveLockFile(path);
+    ASSERT_EQ(OpenProjectFile(path), 1);
+    EXPECT_EQ(gProjectFileName, name);
+    std::string user, computer;
+    ASSERT_TRUE(IsFileLocked(path, user, computer));
+    EXPECT_EQ(user, "ann");
+}
+
+TEST_F(ProjectCommandsTest, AFileThatCannotBeReadLeavesANewProject) {
+    const std::string path = InLibrary("broken.cvpj");
+    WriteFileAtomically(path, "not a project");
+    gProject->SetCustomer("Left behind");
+    prompts.SetAnswerFreely(true); // the reader's own notice may come first
+    EXPECT_EQ(OpenProjectFile(path), 0);
+    EXPECT_EQ(prompts.History().back().title, "File read error");
+    EXPECT_EQ(gProject->Customer(), "");
+    EXPECT_EQ(gProjectFileName, "untitled.cvpj");
+    EXPECT_FALSE(fs::exists(path + ".lck"));
+}
+
 } // namespace
 } // namespace corvane
