@@ -1,6 +1,9 @@
 // corvane: the workstation program. Wires the Qt services, runs the start-up sequence and
 // enters the event loop.
 
+#include "acquisition/DemoProject.h"
+#include "files/modProjectCommands.h"
+#include "files/modSettings.h"
 #include "model/Globals.h"
 #include "platform/QtServices.h"
 #include "shell/frmCorvane.h"
@@ -8,9 +11,27 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
 #include <QFontDatabase>
 
 #include <memory>
+
+namespace {
+
+// The sample project: installed beside the program's data, or in the source tree of a build.
+QString DemoProjectPath() {
+    const QString installed =
+        QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../share/corvane/demo.cvpj"));
+    for (const QString& candidate : {installed, QStringLiteral(CORVANE_DATA_DIR "/demo.cvpj")}) {
+        if (QFileInfo::exists(candidate)) {
+            return QFileInfo(candidate).absoluteFilePath();
+        }
+    }
+    return {};
+}
+
+} // namespace
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -45,6 +66,9 @@ int main(int argc, char** argv) {
             corvane::gUIFontSize = 9;
         }
     };
+    hooks.fillEncoderTypeTags = [] { corvane::FillEncoderTypeTags(); };
+    hooks.readDefaultOptions = [] { corvane::ReadDefaultOptions(); };
+    hooks.createNewProject = [] { corvane::CreateNewProject(); };
     hooks.showMainWindow = [&] {
         window = std::make_unique<corvane::frmCorvane>();
         services.prompts.SetParentWindow(window.get());
@@ -54,5 +78,17 @@ int main(int argc, char** argv) {
     if (!window) {
         return 1;
     }
+    // A file named on the command line (a file manager opening a .cvpj) opens as from the
+    // library; the demo opens the sample project, or builds it when the sample is not installed.
+    const QStringList files = parser.positionalArguments();
+    if (!files.isEmpty()) {
+        corvane::OpenProjectFile(QFileInfo(files.first()).absoluteFilePath().toStdString());
+    } else if (parser.isSet(demo)) {
+        const QString sample = DemoProjectPath();
+        if (sample.isEmpty() || corvane::OpenProjectFile(sample.toStdString()) != 1) {
+            corvane::BuildDemoProject();
+        }
+    }
+    window->UpdateTitle();
     return app.exec();
 }
