@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
 
@@ -84,8 +85,15 @@ int main(int argc, char** argv) {
     if (!files.isEmpty()) {
         corvane::OpenProjectFile(QFileInfo(files.first()).absoluteFilePath().toStdString());
     } else if (parser.isSet(demo)) {
+        // The demo is opened from a copy in the Project Library, so it is listed there and the
+        // sample itself (and the source tree) never gets a lock or a save.
         const QString sample = DemoProjectPath();
-        if (sample.isEmpty() || corvane::OpenProjectFile(sample.toStdString()) != 1) {
+        const QString copy =
+            QDir(QString::fromStdString(corvane::gRootDirectory)).filePath(QStringLiteral("demo.cvpj"));
+        if (!sample.isEmpty() && !QFileInfo::exists(copy) && !corvane::gRootDirectory.empty()) {
+            QFile::copy(sample, copy);
+        }
+        if (!QFileInfo::exists(copy) || corvane::OpenProjectFile(copy.toStdString()) != 1) {
             corvane::BuildDemoProject();
         }
     }
