@@ -1,5 +1,6 @@
 #include "geometry/modScanDataUtilities.h"
 
+#include "geometry/GeometryChecks.h"
 #include "geometry/GuardedStep.h"
 #include "geometry/clsSplineFit.h"
 #include "model/CorvaneError.h"
@@ -158,7 +159,7 @@ std::int32_t Offsets2DToSurface3D(std::int16_t rotation, clsSection& section, do
     std::int32_t status = 0;
     GuardedStep("converting the 2D section offsets to a 3D surface", [&] {
         if (radius == 0.0) {
-            throw CorvaneError(ErrorNumber::DivisionByZero, "Division by zero");
+            geometry::ThrowDivisionByZero();
         }
         const double beta = std::atan(pitch / (2.0 * gPi * radius));
         const double c = std::cos(beta);
@@ -298,7 +299,7 @@ std::int32_t ProcessSectionMeasures(clsPropeller& propeller, int blade, int sect
             return;
         }
         if (propeller.Diameter() == 0.0) {
-            throw CorvaneError(ErrorNumber::DivisionByZero, "Division by zero");
+            geometry::ThrowDivisionByZero();
         }
         b->SetRadialPos(section, radius / (propeller.Diameter() / 2.0));
         double pitch = 0.0;

@@ -1,5 +1,6 @@
 #include "geometry/modSplineFit.h"
 
+#include "geometry/GeometryChecks.h"
 #include "geometry/GuardedStep.h"
 #include "model/CorvaneError.h"
 #include "model/Globals.h"
@@ -16,12 +17,7 @@ namespace {
 // An offset query may reach this share of the data's X span beyond either end, no further.
 constexpr double kOffsetMargin = 0.05;
 
-template <class T> const T& At(const std::vector<T>& v, long long i) {
-    if (i < 0 || static_cast<std::size_t>(i) >= v.size()) {
-        throw CorvaneError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
-    }
-    return v[static_cast<std::size_t>(i)];
-}
+using geometry::At;
 
 void GrowTo(std::vector<double>& v, int m) {
     if (m > 0 && v.size() < static_cast<std::size_t>(m)) {
