@@ -124,6 +124,9 @@ clsFileINI::LoadResult clsFileINI::LoadDocument(const std::string& key, const fs
         return LoadResult::Unreadable;
     }
     const bool sameFile = cache_.document && cache_.key == key;
+    if (sameFile && snapshotRead_) {
+        return LoadResult::Loaded;
+    }
     if (sameFile && cache_.stamp == stamp && stamp.modified + kRacyWindow < cache_.verifiedAt) {
         return LoadResult::Loaded;
     }

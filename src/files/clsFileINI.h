@@ -67,6 +67,12 @@ public:
     void DiscardBatch();
     bool InBatch() const { return !batchKey_.empty(); }
 
+    // While on, a file this object has parsed is not looked at on disk again: every block comes
+    // from the same parse. A reader that reads many blocks of one file in one go turns it on, so
+    // it sees one consistent version of the file and parses it once, even right after a save
+    // (when time stamps alone cannot prove the file unchanged and each look would read it whole).
+    void SetSnapshotRead(bool on) { snapshotRead_ = on; }
+
     // Index tags: the position of the value in a table of words, compared without regard to
     // case. An unknown or missing word gives 0, sets the flag and adds
     // CR LF " [" tag "] tag [" value "] not recognized." to the text.
@@ -143,6 +149,7 @@ private:
 
     CachedFile cache_;
     std::string batchKey_;
+    bool snapshotRead_ = false;
 };
 
 } // namespace corvane

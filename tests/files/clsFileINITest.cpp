@@ -222,6 +222,18 @@ TEST_F(clsFileINITest, CacheFollowsChangesMadeBehindItsBack) {
     EXPECT_EQ(reader.GetStringFromBlockTag("V", flag, text), "5");
     fs::remove(path);
     EXPECT_EQ(reader.ReadBlock("A", path), 0);
+
+    // A snapshot reader keeps the version it parsed first, whatever happens on disk meanwhile.
+    Put("c.cvpj", "[A]\r\nV=6\r\n[B]\r\nW=6\r\n");
+    clsFileINI snapshot;
+    snapshot.SetSnapshotRead(true);
+    ASSERT_EQ(snapshot.ReadBlock("A", path), 1);
+    Put("c.cvpj", "[A]\r\nV=7\r\n[B]\r\nW=7\r\n");
+    ASSERT_EQ(snapshot.ReadBlock("B", path), 1);
+    EXPECT_EQ(snapshot.GetStringFromBlockTag("W", flag, text), "6");
+    snapshot.SetSnapshotRead(false);
+    ASSERT_EQ(snapshot.ReadBlock("B", path), 1);
+    EXPECT_EQ(snapshot.GetStringFromBlockTag("W", flag, text), "7");
 }
 
 TEST_F(clsFileINITest, BatchWritesOnceAndReadersSeeIt) {
