@@ -72,6 +72,9 @@ std::array<std::string, 3> gEncoderFileTag{};
 
 double gActiveProbeOffset = 0;
 double gActiveProbeDrop = 0;
+std::int16_t gScanArmOffsetIndex = 0;
+double ActiveProbeOffsetSide = 0;
+double ActiveProbeOffsetRadial = 0;
 
 void ResetGlobals() {
     gRadialPositions = kStandardRadialPositions;
@@ -133,6 +136,9 @@ void ResetGlobals() {
     gEncoderFileTag = {};
     gActiveProbeOffset = 0;
     gActiveProbeDrop = 0;
+    gScanArmOffsetIndex = 0;
+    ActiveProbeOffsetSide = 0;
+    ActiveProbeOffsetRadial = 0;
 }
 
 } // namespace corvane

@@ -108,6 +108,13 @@ extern std::array<std::string, 3> gEncoderFileTag;
 extern double gActiveProbeOffset;
 extern double gActiveProbeDrop;
 
+// The scan arm probe chosen on the Project page: the selection it stores (0 no dog leg, 1 and 2
+// overlap to the left and right, 3 towards hub or tip) and the offsets it puts in force, in mm,
+// sideways from the arm's radial line and along it.
+extern std::int16_t gScanArmOffsetIndex;
+extern double ActiveProbeOffsetSide;
+extern double ActiveProbeOffsetRadial;
+
 // Sets every global above back to its state before start-up. Tests call it between cases.
 void ResetGlobals();
 
