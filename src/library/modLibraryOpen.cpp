@@ -1,0 +1,76 @@
+#include "library/modLibraryOpen.h"
+
+#include "files/modLockFile.h"
+#include "files/modProjectCommands.h"
+#include "library/modLibraryFiles.h"
+#include "model/Globals.h"
+#include "support/Services.h"
+#include "support/modNVSystemUtilities.h"
+
+namespace corvane {
+
+bool ProjectLibraryFound() {
+    if (EnsureFolder(gRootDirectory, false))
+        return true;
+    Prompts().MessageBox(
+        "Project Library filepath \"" + gRootDirectory +
+            "\" cannot be found. Please review Project Library filepath in Program Settings.",
+        MsgBox::Critical, "Project Library");
+    return false;
+}
+
+bool ArchiveFound() {
+    if (EnsureFolder(gArchiveDirectory, false))
+        return true;
+    Prompts().MessageBox("Archive filepath \"" + gArchiveDirectory +
+                             "\" cannot be found. Please review Archive filepath in Program Settings.",
+                         MsgBox::Critical, "Archive");
+    return false;
+}
+
+bool CheckLibraryFolderWritable(const std::string& folder) {
+    if (IsFolderWritable(folder))
+        return true;
+    Prompts().MessageBox("The current project directory does not have write permissions. Please set the "
+                         "File/Project directory using Tools > Settings from ...",
+                         MsgBox::Critical, "Access Error");
+    return false;
+}
+
+int OpenLibraryProject(const std::string& path, const std::string& projectID, bool fromArchive) {
+    if (path.empty())
+        return 0;
+    if (fromArchive) {
+        if (!ProjectLibraryFound())
+            return 0;
+        const int answer =
+            Prompts().MessageBox("Opening \"" + projectID +
+                                     "\" will move it into the Project Library. Do you wish to "
+                                     "continue",
+                                 MsgBox::YesNo | MsgBox::Question, "Open and Move");
+        if (answer != Answer::Yes)
+            return 0;
+    }
+    if (OpenProjectFile(path) != 1)
+        return 0;
+    if (!fromArchive)
+        return 1;
+
+    const bool lockHeld = gProjectFileName != kReadOnlyUntitledFileName;
+    if (!MoveProjectFile(path, gRootDirectory)) {
+        Prompts().MessageBox("\"" + projectID +
+                                 "\" could not be moved into the Project Library. The file remains in the "
+                                 "Archive and has not been modified.",
+                             MsgBox::Exclamation, "File Move");
+        return 1;
+    }
+    // The project now lives in the Library, where saving and closing look for its lock: the
+    // lock goes there too, or other stations would see the moved file as free.
+    if (lockHeld) {
+        WriteLockFile(AddFolderSeparator(gRootDirectory) + FileNameOf(path));
+        RemoveLockFile(path);
+    }
+    return 1;
+}
+
+} // namespace corvane

@@ -1,0 +1,172 @@
+#include "LibraryTestProjects.h"
+
+#include "library/clsProjectLibrary.h"
+#include "library/modLibraryFiles.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Installs a copier for one test and puts the station's back after.
+class CopierScope {
+public:
+    explicit CopierScope(FileCopier copier) : previous_(SetFileCopier(std::move(copier))) {}
+    ~CopierScope() { SetFileCopier(std::move(previous_)); }
+    CopierScope(const CopierScope&) = delete;
+    CopierScope& operator=(const CopierScope&) = delete;
+
+private:
+    FileCopier previous_;
+};
+
+class LibraryMoveTest : public test::LibraryTest {
+protected:
+    void SetUp() override {
+        LibraryTest::SetUp();
+        WriteThreeProjects();
+        bravo = test::FileBytes(library + "bravo.cvpj");
+        list.Load();
+    }
+    // Both folders as they were: bravo in the library only, unchanged.
+    void ExpectBravoUntouched() {
+        EXPECT_EQ(test::FileBytes(library + "bravo.cvpj"), bravo);
+        EXPECT_FALSE(fs::exists(archive + "bravo.cvpj"));
+        EXPECT_NE(list.FindRow(library + "bravo.cvpj"), nullptr);
+    }
+    void ExpectOneFailure(const clsProjectLibrary::MoveResult& result) {
+        EXPECT_TRUE(result.ran);
+        EXPECT_EQ(result.moved, 0);
+        EXPECT_EQ(result.failed, 1);
+        EXPECT_EQ(prompts.History().back().text, "1 file(s) could not be moved and remain unmodified\r\n\r\n"
+                                                 "0 file(s) were successfully moved into the Archive");
+    }
+
+    clsProjectLibrary list;
+    std::string bravo;
+};
+
+TEST_F(LibraryMoveTest, MovesTheTickedFilesIntoTheArchiveAndBack) {
+    prompts.Expect(Answer::Yes, "Are you sure you want to move 2 file(s) from Project Library into Archive?");
+    prompts.Expect(Answer::OK, "2 file(s) were successfully moved into the Archive");
+    const auto result = list.MoveFiles({library + "bravo.cvpj", library + "alpha.cvpj"});
+    EXPECT_EQ(result.moved, 2);
+    EXPECT_EQ(result.failed, 0);
+    EXPECT_EQ(prompts.History()[0].title, "Move File");
+    EXPECT_EQ(prompts.History()[0].style & MsgBox::ButtonsMask, MsgBox::YesNo);
+    EXPECT_EQ(prompts.History()[1].title, "Move Complete");
+    EXPECT_EQ(test::FileBytes(archive + "bravo.cvpj"), bravo);
+    EXPECT_FALSE(fs::exists(library + "bravo.cvpj"));
+    EXPECT_FALSE(fs::exists(library + "alpha.cvpj"));
+    ASSERT_EQ(list.Rows().size(), 1u);
+    EXPECT_EQ(list.Rows()[0].projectID, "Charlie-9");
+
+    clsProjectLibrary archived;
+    archived.SetArchiveMode(true);
+    ASSERT_EQ(archived.Load(), 2);
+    prompts.Expect(Answer::Yes,
+                   "Are you sure you want to move \"Bravo-17\" from Archive into Project Library?");
+    prompts.Expect(Answer::OK, "1 file(s) were successfully moved into the Project Library");
+    EXPECT_EQ(archived.MoveFiles({archive + "bravo.cvpj"}).moved, 1);
+    EXPECT_EQ(test::FileBytes(library + "bravo.cvpj"), bravo);
+    EXPECT_EQ(archived.Rows().size(), 1u);
+}
+
+TEST_F(LibraryMoveTest, NothingMovesWithoutAnArchiveOrAYes) {
+    EXPECT_FALSE(list.MoveFiles({}).ran);
+
+    prompts.Expect(Answer::No,
+                   "Are you sure you want to move \"Bravo-17\" from Project Library into Archive?");
+    EXPECT_FALSE(list.MoveFiles({library + "bravo.cvpj"}).ran);
+    ExpectBravoUntouched();
+
+    gArchiveDirectory = temp->Folder() + "gone";
+    prompts.Expect(Answer::OK, "Archive filepath");
+    EXPECT_FALSE(list.MoveFiles({library + "bravo.cvpj"}).ran);
+    EXPECT_EQ(prompts.History().back().title, "Archive");
+    EXPECT_EQ(prompts.History().back().text,
+              "Archive filepath \"" + gArchiveDirectory +
+                  "\" cannot be found. Please review Archive filepath in Program "
+                  "Settings.");
+    ExpectBravoUntouched();
+}
+
+TEST_F(LibraryMoveTest, ACopyThatIsNotWholeLosesNothing) {
+    // Truncated but reported as done, refused, and thrown: each leaves no copy behind.
+    const std::vector<FileCopier> copiers = {
+        [](const std::string&, const std::string& target) {
+            test::WriteBytes(target, "[Project]\r\n");
+            return true;
+        },
+        [](const std::string& source, const std::string& target) {
+            CopyFileKeepingDate(source, target);
+            return false;
+        },
+        [](const std::string& source, const std::string& target) -> bool {
+            test::WriteBytes(target, test::FileBytes(source) + "tail");
+            throw std::runtime_error("network drive gone");
+        },
+    };
+    for (const auto& copier : copiers) {
+        CopierScope scope(copier);
+        prompts.Expect(Answer::Yes, "Are you sure");
+        prompts.Expect(Answer::OK, "could not be moved");
+        ExpectOneFailure(list.MoveFiles({library + "bravo.cvpj"}));
+        ExpectBravoUntouched();
+    }
+}
+
+TEST_F(LibraryMoveTest, AFileOfTheSameNameInTheTargetIsNeverOverwritten) {
+    test::WriteBytes(archive + "bravo.cvpj", "another job\r\n");
+    prompts.Expect(Answer::Yes, "Are you sure");
+    prompts.Expect(Answer::OK, "could not be moved");
+    ExpectOneFailure(list.MoveFiles({library + "bravo.cvpj"}));
+    EXPECT_EQ(test::FileBytes(archive + "bravo.cvpj"), "another job\r\n");
+    EXPECT_EQ(test::FileBytes(library + "bravo.cvpj"), bravo);
+
+    // A true copy left by a move cut short: the move finishes.
+    test::WriteBytes(archive + "bravo.cvpj", bravo);
+    EXPECT_TRUE(MoveProjectFile(library + "bravo.cvpj", archive));
+    EXPECT_FALSE(fs::exists(library + "bravo.cvpj"));
+    EXPECT_EQ(test::FileBytes(archive + "bravo.cvpj"), bravo);
+}
+
+TEST_F(LibraryMoveTest, AnArchiveThatCannotBeWrittenLosesNothing) {
+    if (test::RunningAsRoot())
+        GTEST_SKIP() << "root ignores folder permissions";
+    fs::permissions(archive, fs::perms::owner_read | fs::perms::owner_exec);
+    prompts.Expect(Answer::Yes, "Are you sure");
+    prompts.Expect(Answer::OK, "could not be moved");
+    ExpectOneFailure(list.MoveFiles({library + "bravo.cvpj"}));
+    fs::permissions(archive, fs::perms::owner_all);
+    ExpectBravoUntouched();
+
+    // A library that cannot be written keeps the original too: its copy is taken back.
+    fs::permissions(library, fs::perms::owner_read | fs::perms::owner_exec);
+    EXPECT_FALSE(MoveProjectFile(library + "bravo.cvpj", archive));
+    fs::permissions(library, fs::perms::owner_all);
+    ExpectBravoUntouched();
+}
+
+TEST_F(LibraryMoveTest, TheOpenProjectCannotBeTickedOrMoved) {
+    gProjectFileName = "bravo.cvpj";
+    EXPECT_TRUE(list.CanTick(library + "alpha.cvpj"));
+    prompts.Expect(Answer::OK, "is currently open");
+    EXPECT_FALSE(list.CanTick(library + "bravo.cvpj"));
+    EXPECT_EQ(prompts.History().back().title, "Open File selected");
+    EXPECT_EQ(prompts.History().back().text,
+              "bravo.cvpj is currently open. Open files cannot be moved to the archive.");
+
+    prompts.Expect(Answer::Yes, "2 file(s)");
+    prompts.Expect(Answer::OK, "1 file(s) could not be moved");
+    const auto result = list.MoveFiles({library + "bravo.cvpj", library + "alpha.cvpj"});
+    EXPECT_EQ(result.moved, 1);
+    EXPECT_EQ(result.failed, 1);
+    ExpectBravoUntouched();
+}
+
+} // namespace
+} // namespace corvane
