@@ -248,8 +248,8 @@ private:
         std::shared_ptr<std::vector<Record>> data_ = std::make_shared<std::vector<Record>>(1);
     };
 
-    static std::size_t CheckIndex(int i, std::size_t slots) {
-        if (i < 0 || static_cast<std::size_t>(i) >= slots) {
+    static std::size_t CheckIndex(int i, std::size_t held) {
+        if (i < 0 || static_cast<std::size_t>(i) >= held) {
             throw CorvaneError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
         }
         return static_cast<std::size_t>(i);
