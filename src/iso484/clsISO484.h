@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "iso484/ISOResults.h"
 #include "model/clsUnits.h"
 
 namespace corvane {
@@ -118,6 +119,11 @@ public:
     double AngDeviationTol() const { return angDeviationTol_; }
     void SetAngDeviationTol(double value) { angDeviationTol_ = value; }
 
+    // The windows and class codes of the last evaluation run with this instance
+    // (EvaluateISOCriteria, GetBestISOClass). A short-lived instance takes its results with it.
+    const ISOResults& Results() const { return results_; }
+    ISOResults& Results() { return results_; }
+
 private:
     const clsUnits& RequireUnits() const;
     double ToUnit(double stored, int unit) const;
@@ -146,6 +152,7 @@ private:
     double screwRadiusTol_ = 0;
     double rakePercent_ = 0;
     double angDeviationTol_ = 0; // degrees
+    ISOResults results_;
 };
 
 } // namespace corvane

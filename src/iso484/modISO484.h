@@ -5,6 +5,13 @@
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
 
+// The module goes on in its own files: the ISO data calculation, the evaluators, the criteria
+// status and the class verdicts. Including this header brings all of them.
+#include "iso484/modISO484Class.h"
+#include "iso484/modISO484Criteria.h"
+#include "iso484/modISO484Data.h"
+#include "iso484/modISO484Evaluate.h"
+
 namespace corvane {
 
 class clsCorvane;

@@ -1,0 +1,479 @@
+#include "iso484/modISO484Class.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstddef>
+#include <memory>
+
+#include "iso484/clsISO484.h"
+#include "iso484/modISO484.h"
+#include "iso484/modISO484Criteria.h"
+#include "iso484/modISO484Data.h"
+#include "iso484/modISO484Evaluate.h"
+#include "model/CorvaneError.h"
+#include "model/Globals.h"
+#include "model/clsBlades.h"
+#include "model/clsCorvane.h"
+#include "model/clsPropeller.h"
+#include "model/clsSection.h"
+#include "model/modUtilities.h"
+#include "support/ErrorTail.h"
+
+namespace corvane {
+
+namespace {
+
+constexpr int kObjectNotSet = 91;
+constexpr int kMetres = 1;
+constexpr double kSizeLimitM = 0.8;
+constexpr double kSizeLimitTolerance = 0.00001;
+constexpr std::int16_t kSecondaryCriteria = 1;
+constexpr std::int16_t kClassIII = 4;
+constexpr std::int16_t kClassIa = 2;
+constexpr std::int16_t kClassI = 1;
+constexpr std::int16_t kStandardLarge = 0;
+constexpr std::int16_t kStandardSmall = 1;
+constexpr std::int16_t kSingleChannelDrop = 2;
+constexpr std::int16_t kPartial = 3;
+constexpr std::int16_t kWorstClass = 4;
+constexpr int kInnerPairRow = 6;
+// The classes tried, worst first, so that the best one passed is the last written.
+constexpr std::array<std::int16_t, 4> kClassesTried = {4, 3, 1, 0};
+
+constexpr std::array<const char*, 2> kStandardTexts = {"ISO 484-1  ", "ISO 484-2 "};
+constexpr std::array<const char*, 2> kCriteriaTexts = {"Primary", "Primary and Secondary"};
+constexpr std::array<const char*, 6> kClassParts = {"Class S.", "Class 1.", "Class 1a.",
+                                                    "Class 2.", "Class 3.", "Class Custom."};
+
+template <std::size_t N> std::string Word(const std::array<const char*, N>& words, int index) {
+    return index >= 0 && index < static_cast<int>(N) ? words[static_cast<std::size_t>(index)] : "";
+}
+
+clsCorvane& Project() {
+    if (!gProject) {
+        throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
+    }
+    return *gProject;
+}
+
+std::shared_ptr<clsPropeller> ScanOf(const clsCorvane& project, int scanIndex) {
+    auto scan = project.PropellerScan(scanIndex);
+    if (!scan) {
+        throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
+    }
+    return scan;
+}
+
+bool Measured(clsBlades& blade, int section) {
+    return section >= 0 && section < blade.SectionCount() && blade.Section(section)->RawOffsetCount() > 1;
+}
+
+bool Masked(const ISOSectionMask& mask, int section) {
+    return section >= 0 && section < kISOSectionRows && mask[static_cast<std::size_t>(section)];
+}
+
+bool Selected(clsPropeller& scan, int blade) {
+    const bool shown =
+        blade >= static_cast<int>(gShowBladeFlags.size()) || gShowBladeFlags[static_cast<std::size_t>(blade)];
+    return shown && scan.Blades(blade)->BladeEnabled();
+}
+
+// The sections a class requires, and beside the inner radius the 0.4 section when the user shows
+// it: the mask of the per-blade walk, for the class of `iso` rather than that of gISO484.
+ISOSectionMask ClassSections(const clsISO484& iso) {
+    ISOSectionMask mask{};
+    GetSectionMask(iso, mask);
+    if (!mask[kInnerPairRow] && iso.ISOIncludeInnerRadiusIndex() == 1) {
+        mask[kInnerPairRow] = gShowRadiusFlags[kInnerPairRow];
+    }
+    return mask;
+}
+
+// One criterion at one place, judged: the evaluator succeeded and the value is in its window.
+// Called as Passes(Evaluate...(..., l, u, v), l, u, v): the bounds are taken by reference so
+// that they are read in the body, after the evaluator has written them. Copies would be made in
+// an unspecified order relative to the evaluator's call.
+bool Passes(std::int32_t status, const double& lower, const double& upper, const double& value) {
+    return status == 1 && InsideWindow(lower, upper, value);
+}
+
+// Rake of this blade less that of the other, within half this blade's rake window around 0.
+bool RakeBetweenPasses(const clsCorvane& project, double lower, double upper, double rake, double otherRake) {
+    const double value = rake - otherRake;
+    if (project.ReferenceSourceIndex() == 0) {
+        return true;
+    }
+    const double half = (upper - lower) / 2.0;
+    return InsideWindow(-half, half, value);
+}
+
+int NextMeasured(clsBlades& blade, int section) {
+    for (int k = section + 1; k < blade.SectionCount(); ++k) {
+        if (Measured(blade, k)) {
+            return k;
+        }
+    }
+    return -1;
+}
+
+// The per-blade walk of one section. Returns false when a deciding criterion failed.
+bool SectionPerBlade(const clsISO484& iso, const clsCorvane& project, int scanIndex, clsPropeller& scan,
+                     int b, int k, ISOClassFlags& flags) {
+    const auto bi = static_cast<std::size_t>(b);
+    auto blade = scan.Blades(b);
+    bool ok = true;
+    auto fail = [&](ISOClassRow row, bool deciding) {
+        flags[row][bi] = false;
+        ok = ok && !deciding;
+    };
+    double l = 0, u = 0, v = 0, lLen = 0, uLen = 0, vLen = 0;
+    if (!Passes(EvaluateNoseTailPitch(iso, project, scanIndex, b, k, l, u, v), l, u, v)) {
+        fail(kISORowNoseTailPitch, true);
+    }
+    if (!Passes(EvaluateChordLength(iso, project, scanIndex, b, k, l, u, v), l, u, v)) {
+        fail(kISORowChordLength, true);
+    }
+    if (!Passes(EvaluateLEPosition(iso, project, scanIndex, b, k, l, u, v, lLen, uLen, vLen), l, u, v)) {
+        fail(kISORowLEPosition, true);
+    }
+    const std::int32_t rakeStatus = EvaluateRakePosition(iso, project, scanIndex, b, k, l, u, v);
+    if (!Passes(rakeStatus, l, u, v)) {
+        fail(kISORowRakePosition, true);
+    }
+    if (iso.ISOCriteriaIndex() == kSecondaryCriteria) {
+        const int next = (b + 1) % scan.BladeCount();
+        auto nextBlade = scan.Blades(next);
+        if (!Selected(scan, next)) {
+            fail(kISORowRakeBetweenBlades, false);
+        } else if (Measured(*nextBlade, k) &&
+                   !RakeBetweenPasses(project, l, u, v, nextBlade->ISOTotalAxialRakeToBCL(k))) {
+            fail(kISORowRakeBetweenBlades, false);
+        }
+        const int later = NextMeasured(*blade, k);
+        double position = 0;
+        if (later >= 0 &&
+            !Passes(EvaluateDeltaRake(iso, project, scanIndex, b, k, later, l, u, v, position), l, u, v)) {
+            fail(kISORowDeltaRake, false);
+        }
+    }
+    auto section = blade->Section(k);
+    if (iso.ISOClassIndex() != kClassIII && section->SegmentOffsetCount() > 0) {
+        for (int j = 0; j < section->SegmentPanelCount(); ++j) {
+            if (!Passes(EvaluateLocalPitch(iso, project, scanIndex, b, k, j, l, u, v), l, u, v)) {
+                fail(kISORowLocalPitch, true);
+            }
+        }
+        if (iso.ISOCriteriaIndex() == kSecondaryCriteria) {
+            for (int st = 0; st < section->SegmentOffsetCount(); ++st) {
+                bool both = false, sumOK = false, diffOK = false;
+                const bool done =
+                    EvaluatePitchContinuity(iso, project, scanIndex, b, k, st, both, sumOK, diffOK) == 1;
+                if (!done || !sumOK) {
+                    fail(kISORowPitchContinuitySum, true);
+                }
+                if (!done || !diffOK) {
+                    fail(kISORowPitchContinuityDiff, true);
+                }
+            }
+        }
+    }
+    return ok;
+}
+
+// The verdict walk of one section: true while everything deciding passes.
+bool SectionStatus(const clsISO484& iso, const clsCorvane& project, int scanIndex, clsBlades& blade, int b,
+                   int k) {
+    double l = 0, u = 0, v = 0, lLen = 0, uLen = 0, vLen = 0;
+    if (!Passes(EvaluateNoseTailPitch(iso, project, scanIndex, b, k, l, u, v), l, u, v) ||
+        !Passes(EvaluateChordLength(iso, project, scanIndex, b, k, l, u, v), l, u, v) ||
+        !Passes(EvaluateLEPosition(iso, project, scanIndex, b, k, l, u, v, lLen, uLen, vLen), l, u, v) ||
+        !Passes(EvaluateRakePosition(iso, project, scanIndex, b, k, l, u, v), l, u, v)) {
+        return false;
+    }
+    if (iso.ISOCriteriaIndex() == kSecondaryCriteria) {
+        // Rake progression is looked at for the report only; it never decides.
+        const int later = NextMeasured(blade, k);
+        double position = 0;
+        if (later >= 0) {
+            EvaluateDeltaRake(iso, project, scanIndex, b, k, later, l, u, v, position);
+        }
+    }
+    if (iso.ISOClassIndex() == kClassIII) {
+        return true;
+    }
+    auto section = blade.Section(k);
+    for (int j = 0; j < section->SegmentPanelCount(); ++j) {
+        if (!Passes(EvaluateLocalPitch(iso, project, scanIndex, b, k, j, l, u, v), l, u, v)) {
+            return false;
+        }
+    }
+    if (iso.ISOCriteriaIndex() == kSecondaryCriteria) {
+        for (int st = 0; st < section->SegmentOffsetCount(); ++st) {
+            bool both = false, sumOK = false, diffOK = false;
+            if (EvaluatePitchContinuity(iso, project, scanIndex, b, k, st, both, sumOK, diffOK) != 1 ||
+                !sumOK || !diffOK) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+std::int16_t EvaluateClassStatus(const clsISO484& iso) {
+    ErrorTail tail("evaluating the ISO class status");
+    std::int16_t code = 0;
+    tail.Step([&] {
+        const clsCorvane& project = Project();
+        if (project.ReferenceSourceIndex() == 0) {
+            code = 0;
+            return;
+        }
+        code = 2;
+        ISOSectionMask mask{};
+        GetSectionMask(iso, mask);
+        const int scanIndex = project.ActiveScanIndex();
+        auto scan = ScanOf(project, scanIndex);
+        double l = 0, u = 0, v = 0;
+        if (!Passes(EvaluatePropellerMeanPitch(iso, project, scanIndex, l, u, v), l, u, v)) {
+            return;
+        }
+        for (int b = 0; b < scan->BladeCount(); ++b) {
+            auto blade = scan->Blades(b);
+            if (!blade->BladeEnabled()) {
+                continue;
+            }
+            EvaluateMaxDiameter(iso, project, scanIndex, b, l, u, v); // shown, never decides
+            l = u = v = 0;
+            const std::int32_t pitchStatus = EvaluateBladeMeanPitch(iso, project, scanIndex, b, l, u, v);
+            if (v > 0.0 && !Passes(pitchStatus, l, u, v)) {
+                return;
+            }
+            double toPrev = 0, toNext = 0;
+            const std::int32_t spacingStatus =
+                EvaluateBladeSpacing(iso, project, scanIndex, b, l, u, toPrev, toNext);
+            if (!Passes(spacingStatus, l, u, (toPrev - toNext) / 2.0)) {
+                return;
+            }
+            for (int k = 0; k < blade->SectionCount(); ++k) {
+                if (Measured(*blade, k) && Masked(mask, k) &&
+                    !SectionStatus(iso, project, scanIndex, *blade, b, k)) {
+                    return;
+                }
+            }
+        }
+        code = 1;
+    });
+    return code;
+}
+
+std::int16_t EvaluateClassPerBlade(const clsISO484& iso, int scanIndex, ISOClassFlags& flags,
+                                   bool& propellerOK) {
+    ErrorTail tail("evaluating the ISO class per blade");
+    std::int16_t code = 0;
+    tail.Step([&] {
+        const clsCorvane& project = Project();
+        auto scan = ScanOf(project, scanIndex);
+        const auto count = static_cast<std::size_t>(scan->BladeCount() > 0 ? scan->BladeCount() : 0);
+        flags[kISORowCoverage].resize(count);
+        for (int row = kISORowOverall; row < kISOClassRows; ++row) {
+            flags[static_cast<std::size_t>(row)].assign(count, true);
+        }
+        propellerOK = true;
+        bool failed = false;
+        const ISOSectionMask mask = ClassSections(iso);
+        double l = 0, u = 0, v = 0;
+        if (!Passes(EvaluatePropellerMeanPitch(iso, project, scanIndex, l, u, v), l, u, v)) {
+            propellerOK = false;
+            failed = true;
+        }
+        for (int b = 0; b < scan->BladeCount(); ++b) {
+            if (!Selected(*scan, b)) {
+                continue;
+            }
+            const auto bi = static_cast<std::size_t>(b);
+            auto blade = scan->Blades(b);
+            if (!Passes(EvaluateMaxDiameter(iso, project, scanIndex, b, l, u, v), l, u, v)) {
+                flags[kISORowMaxDiameter][bi] = false;
+            }
+            l = u = v = 0;
+            const std::int32_t pitchStatus = EvaluateBladeMeanPitch(iso, project, scanIndex, b, l, u, v);
+            if (v > 0.0 && !Passes(pitchStatus, l, u, v)) {
+                flags[kISORowBladeMeanPitch][bi] = false;
+                failed = true;
+            }
+            double toPrev = 0, toNext = 0;
+            const std::int32_t spacingStatus =
+                EvaluateBladeSpacing(iso, project, scanIndex, b, l, u, toPrev, toNext);
+            if (!Passes(spacingStatus, l, u, (toPrev - toNext) / 2.0)) {
+                flags[kISORowBladeSpacing][bi] = false;
+                failed = true;
+            }
+            for (int k = 0; k < blade->SectionCount(); ++k) {
+                if (Measured(*blade, k) && Masked(mask, k) &&
+                    !SectionPerBlade(iso, project, scanIndex, *scan, b, k, flags)) {
+                    failed = true;
+                }
+            }
+        }
+        code = project.ReferenceSourceIndex() == 0 ? 0 : (failed ? 2 : 1);
+    });
+    return code;
+}
+
+void GetCoverageClass(std::vector<std::int16_t>& bladeCodes, std::int16_t& overall, bool belowLimit) {
+    ErrorTail tail("finding the ISO class coverage");
+    tail.Step([&] {
+        const clsCorvane& project = Project();
+        if (!gISO484) {
+            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
+        }
+        const clsISO484& iso = *gISO484;
+        const ISOSectionMask mask = ClassSections(iso);
+        auto scan = ScanOf(project, project.ActiveScanIndex());
+        const int count = scan->BladeCount() > 0 ? scan->BladeCount() : 0;
+        overall = kISOCodeMissing;
+        bladeCodes.assign(static_cast<std::size_t>(count), kISOCodeMissing);
+        for (int b = 0; b < count; ++b) {
+            auto blade = scan->Blades(b);
+            auto rows = [&](std::initializer_list<int> list) {
+                return std::all_of(list.begin(), list.end(),
+                                   [&](int k) { return Masked(mask, k) && Measured(*blade, k); });
+            };
+            std::int16_t code = kISOCodeMissing;
+            if (Selected(*scan, b) && rows({1, 3, 5})) {
+                code = belowLimit ? 2 : (iso.ISOStandardIndex() == kStandardSmall ? 3 : 4);
+                if (rows({2, 4})) {
+                    code = iso.ISOStandardIndex() == kStandardLarge ? 3 : 1;
+                    if (rows({0})) {
+                        code = 0;
+                    }
+                }
+            }
+            bladeCodes[static_cast<std::size_t>(b)] = code;
+            overall = b == 0 ? code : std::min(overall, code);
+        }
+    });
+}
+
+std::int16_t GetBestISOClass(int scanIndex, bool belowLimit, ISOClassCodes& codes,
+                             std::int16_t& propellerCode) {
+    ErrorTail tail("finding the best ISO class");
+    std::int16_t result = 0;
+    const auto savedStatus = gISOStatus;
+    tail.Step([&] {
+        clsCorvane& project = Project();
+        if (!gISO484) {
+            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
+        }
+        const std::shared_ptr<clsISO484> projectISO = gISO484;
+        auto scan = ScanOf(project, scanIndex);
+        const auto count = static_cast<std::size_t>(scan->BladeCount() > 0 ? scan->BladeCount() : 0);
+        for (auto& row : codes) {
+            row.assign(count, kWorstClass);
+        }
+        propellerCode = kWorstClass;
+        std::int16_t coverage = kISOCodeMissing;
+        GetCoverageClass(codes[kISORowCoverage], coverage, belowLimit);
+        codes[kISORowCoverage].resize(count, kISOCodeMissing);
+
+        // The search runs on its own instance with the project's settings, so that the
+        // project's class, tolerances and results stay as they are.
+        clsISO484 trial;
+        trial.SetLinkedClasses(projectISO->Units());
+        trial.SetISOCriteriaIndex(projectISO->ISOCriteriaIndex());
+        trial.SetISOIncludeInnerRadiusIndex(projectISO->ISOIncludeInnerRadiusIndex());
+        trial.SetISOInnerRadius(projectISO->ISOInnerRadius());
+        trial.SetISOTaskIndex(projectISO->ISOTaskIndex());
+        const std::int16_t asked = projectISO->ISOClassIndex();
+        std::int16_t verdict = 0;
+        for (const std::int16_t classIndex : kClassesTried) {
+            trial.SetISOClassIndex(classIndex);
+            ClearISOCriteriaStatus();
+            SetISOStandardAndTolerances(trial, project);
+            std::int16_t useRawEnds = 0;
+            if (CalculateAllISOData(useRawEnds) != 1) {
+                verdict = 0; // the data could not be brought up to date: nothing to judge
+                break;
+            }
+            EvaluateISOCriteria(trial);
+            const std::int16_t status = EvaluateClassStatus(trial);
+            ISOClassFlags flags{};
+            bool propellerOK = false;
+            EvaluateClassPerBlade(trial, scanIndex, flags, propellerOK);
+            if (classIndex == asked || (classIndex == kClassI && asked == kClassIa)) {
+                verdict = status;
+            }
+            for (int row = kISORowOverall; row < kISOClassRows; ++row) {
+                const auto& passed = flags[static_cast<std::size_t>(row)];
+                auto& target = codes[static_cast<std::size_t>(row)];
+                for (std::size_t b = 0; b < passed.size() && b < target.size(); ++b) {
+                    if (passed[b]) {
+                        target[b] = classIndex;
+                    }
+                }
+            }
+            if (propellerOK) {
+                propellerCode = classIndex;
+            }
+        }
+        result = asked < coverage && verdict == 1 ? kPartial : verdict;
+        if (scan->ScanDrop() == kSingleChannelDrop) {
+            // One drop channel gives no trustworthy rake.
+            for (const int row : {kISORowRakePosition, kISORowRakeBetweenBlades, kISORowDeltaRake}) {
+                codes[static_cast<std::size_t>(row)].assign(count, kISOCodeNotApplicable);
+            }
+        }
+        ISOResults& results = projectISO->Results();
+        results.ClassCodesFound = true;
+        results.ClassCodes = codes;
+        results.PropellerCode = propellerCode;
+        results.CoverageCode = coverage;
+        results.BestClassResult = result;
+    });
+    gISOStatus = savedStatus;
+    return result;
+}
+
+bool ISOBelowSizeLimit(const clsCorvane& project) {
+    return CompareDouble(project.MarkedDiameter(kMetres), kCompareLess, kSizeLimitM, kSizeLimitTolerance);
+}
+
+void GetEvaluationSentence(const clsISO484& iso, std::string& standardText, std::string& sentence, int code) {
+    standardText =
+        Word(kStandardTexts, iso.ISOStandardIndex()) + Word(kCriteriaTexts, iso.ISOCriteriaIndex());
+    const std::string classPart = Word(kClassParts, iso.ISOClassIndex());
+    switch (code) {
+    case 0:
+        sentence = "Scan not evaluated.";
+        break;
+    case 1:
+        sentence = "Meets or exceeds " + classPart;
+        std::transform(sentence.begin(), sentence.end(), sentence.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+        break;
+    case 2:
+        sentence = "Fails to meet " + classPart;
+        break;
+    case 3:
+        sentence = "Partial scan meets " + classPart;
+        break;
+    default:
+        sentence.clear();
+        break;
+    }
+}
+
+void GetEvaluationSentence(std::string& standardText, std::string& sentence, int code) {
+    ErrorTail tail("wording the ISO evaluation");
+    tail.Step([&] {
+        if (!gISO484) {
+            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
+        }
+        GetEvaluationSentence(*gISO484, standardText, sentence, code);
+    });
+}
+
+} // namespace corvane

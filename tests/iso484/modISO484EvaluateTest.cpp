@@ -1,0 +1,218 @@
+#include "ISOEvaluationFixture.h"
+
+#include "iso484/modISO484.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace corvane {
+namespace {
+
+class EvaluatorTest : public test::ISOEvaluationTest {
+protected:
+    void SetUp() override {
+        ISOEvaluationTest::SetUp();
+        ISO().SetISOClassIndex(0);
+        SetISOStandardAndTolerances(ISO(), Project()); // ISO 484-1, class S
+    }
+
+    double l = 0, u = 0, v = 0;
+};
+
+TEST_F(EvaluatorTest, WithoutReferenceEveryWindowClosesOnTheValue) {
+    Project().SetReferenceSourceIndex(0);
+    ScanBlade(1).SetISOBladePitch(2222.0);
+    ScanBlade(1).SetChord(2, 999.0);
+    TurnBlade(1, 3.0);
+    ASSERT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 1, l, u, v), 1);
+    EXPECT_EQ(l, 2222.0);
+    EXPECT_EQ(u, 2222.0);
+    EXPECT_EQ(v, 2222.0);
+    ASSERT_EQ(EvaluateChordLength(ISO(), Project(), 0, 1, 2, l, u, v), 1);
+    EXPECT_EQ(l, 999.0);
+    EXPECT_EQ(u, 999.0);
+    double toPrev = 0, toNext = 0;
+    ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 1, l, u, toPrev, toNext), 1);
+    EXPECT_DOUBLE_EQ(l, (toPrev - toNext) / 2.0);
+    EXPECT_EQ(l, u);
+
+    RunChain(0, 1);
+    EXPECT_EQ(EvaluateClassStatus(ISO()), 0);
+    const ISOResults& r = ISO().Results();
+    EXPECT_TRUE(r.Blades[1].BladeSpacing.Pass);
+    EXPECT_TRUE(r.Blades[1].Sections[2].ChordLength.Pass);
+    EXPECT_TRUE(r.Blades[1].Sections[2].RakeToNextBlade->Pass);
+}
+
+TEST_F(EvaluatorTest, TargetsFollowTheReferenceSource) {
+    // From another scan: the mean over the enabled reference blades; a disabled one is ignored.
+    Project().SetReferenceSourceIndex(1);
+    Reference().Blades(3)->SetBladeEnabled(false);
+    Reference().Blades(3)->SetISOBladePitch(9999.0);
+    Reference().Blades(3)->SetChord(2, 9999.0);
+    Reference().Blades(0)->SetISOBladePitch(2060.0);
+    ASSERT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 1, l, u, v), 1);
+    const double mean = (2060.0 + 2 * kPitch) / 3.0;
+    EXPECT_DOUBLE_EQ((l + u) / 2.0, mean);
+    EXPECT_NEAR(u - l, 2 * mean * 0.0075, 1e-9);
+    ASSERT_EQ(EvaluateChordLength(ISO(), Project(), 0, 0, 2, l, u, v), 1);
+    EXPECT_NEAR(u, kChord * 1.015, 1e-9);
+
+    // Section pitch from the constant or the variable reference pitch.
+    Project().SetReferenceConstantPitch(2100.0);
+    Project().SetReferenceVariablePitch(2, 1900.0);
+    ASSERT_EQ(EvaluateNoseTailPitch(ISO(), Project(), 0, 0, 2, l, u, v), 1);
+    EXPECT_DOUBLE_EQ((l + u) / 2.0, 2100.0);
+    Project().SetReferenceSectionPitchIndex(1);
+    ASSERT_EQ(EvaluateNoseTailPitch(ISO(), Project(), 0, 0, 2, l, u, v), 1);
+    EXPECT_DOUBLE_EQ((l + u) / 2.0, 1900.0);
+    ASSERT_EQ(EvaluateLocalPitch(ISO(), Project(), 0, 0, 2, 1, l, u, v), 1);
+    EXPECT_DOUBLE_EQ((l + u) / 2.0, 1900.0); // flat face: the section pitch
+    Project().SetReferenceLocalPitchIndex(1);
+    Reference().Blades(0)->Section(2)->SetSegmentPanelPitch(1, 2090.0);
+    ASSERT_EQ(EvaluateLocalPitch(ISO(), Project(), 0, 0, 2, 1, l, u, v), 1);
+    EXPECT_DOUBLE_EQ((l + u) / 2.0, (2090.0 + 2 * kPitch) / 3.0); // cambered face: measured panels
+
+    // From a file: reference blade 0, except the rake, which is the same blade's.
+    Project().SetReferenceSourceIndex(2);
+    ASSERT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 3, l, u, v), 1);
+    EXPECT_DOUBLE_EQ((l + u) / 2.0, 2060.0);
+    Reference().Blades(2)->SetISOTotalAxialRakeToBCL(3, 50.0);
+    ASSERT_EQ(EvaluateRakePosition(ISO(), Project(), 0, 2, 3, l, u, v), 1);
+    EXPECT_DOUBLE_EQ(l, 50.0 - kDiameter * 0.005);
+    EXPECT_DOUBLE_EQ(v, 30.0);
+}
+
+TEST_F(EvaluatorTest, InnerSectionsGetHalfAgainOnPitchOnly) {
+    auto width = [&](auto evaluate) {
+        EXPECT_EQ(evaluate(), 1);
+        return u - l;
+    };
+    for (int k : {5, 6, 7}) {
+        const double factor = k >= 6 ? 1.5 : 1.0;
+        EXPECT_NEAR(width([&] { return EvaluateNoseTailPitch(ISO(), Project(), 0, 0, k, l, u, v); }),
+                    2 * kPitch * 0.01 * factor, 1e-9)
+            << k;
+        EXPECT_NEAR(width([&] { return EvaluateLocalPitch(ISO(), Project(), 0, 0, k, 0, l, u, v); }),
+                    2 * kPitch * 0.015 * factor, 1e-9)
+            << k;
+        EXPECT_NEAR(width([&] { return EvaluateChordLength(ISO(), Project(), 0, 0, k, l, u, v); }),
+                    2 * kChord * 0.015, 1e-9)
+            << k;
+    }
+    // 25 mm off: outside the 20 mm of r/R 0.5, inside the 30 mm of r/R 0.4.
+    ScanBlade(0).SetPitch(5, kPitch + 25.0);
+    ScanBlade(0).SetPitch(6, kPitch + 25.0);
+    RunChain(0);
+    EXPECT_FALSE(ISO().Results().Blades[0].Sections[5].NoseTailPitch.Pass);
+    EXPECT_TRUE(ISO().Results().Blades[0].Sections[6].NoseTailPitch.Pass);
+}
+
+TEST_F(EvaluatorTest, FloorsWidenOnlyUnderISO4842) {
+    UsePropeller(1000.0, 500.0, 150.0);
+    SetISOStandardAndTolerances(ISO(), Project()); // ISO 484-2 class S
+    ASSERT_EQ(EvaluateChordLength(ISO(), Project(), 0, 0, 1, l, u, v), 1);
+    EXPECT_NEAR(u - l, 2 * 7.0, 1e-9); // 1.5 % of 150 is 2.25 mm, raised to 7
+    ASSERT_EQ(EvaluatePropellerMeanPitch(ISO(), Project(), 0, l, u, v), 1);
+    EXPECT_NEAR(u - l, 2 * 4.0, 1e-9);
+    // Rake has no floor: 0.5 % of the reference diameter.
+    ASSERT_EQ(EvaluateRakePosition(ISO(), Project(), 0, 0, 1, l, u, v), 1);
+    EXPECT_NEAR(u - l, 2 * 5.0, 1e-9);
+
+    ISO().SetISOStandardIndex(0); // the same tolerances under ISO 484-1: no floor
+    ASSERT_EQ(EvaluateChordLength(ISO(), Project(), 0, 0, 1, l, u, v), 1);
+    EXPECT_NEAR(u - l, 2 * 2.25, 1e-9);
+}
+
+TEST_F(EvaluatorTest, BoundsAreInclusive) {
+    ISO().SetISOClassIndex(5);
+    ISO().SetMeanPitchPerBladePercent(0.25);
+    Reference().Blades(0)->SetISOBladePitch(1024.0);
+    ScanBlade(0).SetISOBladePitch(1280.0); // 1024 + 256, exactly the upper bound
+    ScanBlade(1).SetISOBladePitch(768.0);  // exactly the lower bound
+    ScanBlade(2).SetISOBladePitch(1280.5);
+    RunChain(5);
+    EXPECT_TRUE(ISO().Results().Blades[0].BladeMeanPitch.Pass);
+    EXPECT_TRUE(ISO().Results().Blades[1].BladeMeanPitch.Pass);
+    EXPECT_FALSE(ISO().Results().Blades[2].BladeMeanPitch.Pass);
+    EXPECT_EQ(ISO().Results().Blades[2].BladeMeanPitch.Upper, 1280.0);
+}
+
+TEST_F(EvaluatorTest, BladeSpacingComparesBothNeighboursAcrossZero) {
+    TurnBlade(2, 1.5); // blades at 0, 270, 181.5, 90
+    double toPrev = 0, toNext = 0;
+    ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 2, l, u, toPrev, toNext), 1);
+    EXPECT_NEAR(toPrev, -1.5, 1e-9);
+    EXPECT_NEAR(toNext, 1.5, 1e-9);
+    EXPECT_EQ(l, -1.0);
+    EXPECT_EQ(u, 1.0);
+    ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 0, l, u, toPrev, toNext), 1);
+    EXPECT_NEAR(toPrev, 0.0, 1e-9); // 90 back to blade 3, not 270
+    EXPECT_NEAR(toNext, 0.0, 1e-9);
+    ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 3, l, u, toPrev, toNext), 1);
+    EXPECT_NEAR(toPrev, 1.5, 1e-9);
+    EXPECT_NEAR(toNext, 0.0, 1e-9);
+}
+
+TEST_F(EvaluatorTest, LEPositionWindowIsCappedAndGivenAlongTheHelix) {
+    double lLen = 0, uLen = 0, vLen = 0;
+    ASSERT_EQ(EvaluateLEPosition(ISO(), Project(), 0, 1, 3, l, u, v, lLen, uLen, vLen), 1);
+    const double radius = 0.7 * kDiameter / 2.0;
+    const double arc = kHalfSpan * gDegToRad * radius;
+    EXPECT_NEAR(v, arc, 1e-9);
+    EXPECT_NEAR(u - l, 2 * 2 * 7.0, 1e-9); // 3000 / 4 * 1.5 % = 11.25 mm, capped at 7, doubled
+    const double cosPhi = std::cos(std::atan2(kPitch, 2 * gPi * radius));
+    EXPECT_NEAR(vLen, arc / cosPhi, 1e-6);
+    EXPECT_NEAR(uLen, u / cosPhi, 1e-6);
+
+    UsePropeller(1000.0, 500.0, 150.0);
+    SetISOStandardAndTolerances(ISO(), Project());
+    ASSERT_EQ(EvaluateLEPosition(ISO(), Project(), 0, 1, 3, l, u, v, lLen, uLen, vLen), 1);
+    EXPECT_NEAR(u - l, 2 * 2 * 3.75, 1e-9); // below the cap, and not raised to it
+
+    l = u = v = -1.0;
+    ScanBlade(1).SetPitch(3, 0.0); // no helix: the routine gives up without a word
+    EXPECT_EQ(EvaluateLEPosition(ISO(), Project(), 0, 1, 3, l, u, v, lLen, uLen, vLen), 0);
+    EXPECT_EQ(v, -1.0);
+}
+
+TEST_F(EvaluatorTest, CriteriaWalkRecordsEveryWindow) {
+    ScanBlade(0).Section(2)->SetSegmentPanelPitch(3, kPitch * 1.02);
+    ScanBlade(2).Section(7)->SetRawOffsetCount(1); // one point: not measured
+    RunChain(0, 1);
+    const ISOResults& r = ISO().Results();
+    ASSERT_EQ(r.Blades.size(), 4u);
+    const ISOSectionResults& s = r.Blades[0].Sections[2];
+    ASSERT_EQ(s.LocalPitch.size(), 4u);
+    EXPECT_TRUE(s.LocalPitch[2].Pass);
+    EXPECT_FALSE(s.LocalPitch[3].Pass);
+    EXPECT_DOUBLE_EQ(s.LocalPitch[3].Value, kPitch * 1.02);
+    EXPECT_EQ(s.PitchContinuitySum.size(), 5u);
+    EXPECT_EQ(s.DeltaRake.size(), 5u); // to rows 3 to 7
+    EXPECT_EQ(s.DeltaRake.front().ToSection, 3);
+    EXPECT_DOUBLE_EQ(s.DeltaRake.front().Position, (0.8 + 0.7) / 2.0);
+    EXPECT_FALSE(r.Blades[2].Sections[7].Measured);
+    // Blade 1 and blade 3 have no measured neighbour at row 7 on blade 2's side.
+    EXPECT_FALSE(r.Blades[1].Sections[7].RakeToNextBlade.has_value());
+    EXPECT_TRUE(r.Blades[1].Sections[7].RakeToPrevBlade.has_value());
+
+    EXPECT_EQ(gISOStatus[kISOStatusGeneral], kISOCellNotApplicable);
+    EXPECT_EQ(gISOStatus[kISOStatusLocalPitch], kISOCellFailed);
+    EXPECT_EQ(gISOStatus[kISOStatusChord], kISOCellClear);
+    EXPECT_EQ(gISOStatus[kISOStatusRakeBetweenBlades], kISOCellNotApplicable);
+}
+
+TEST_F(EvaluatorTest, EvaluatorErrorsReachTheHandlerAndFailTheCriterion) {
+    Project().SetReferenceSourceIndex(1);
+    for (int b = 0; b < kBlades; ++b) {
+        Reference().Blades(b)->SetBladeEnabled(false); // a reference of no blade at all
+    }
+    prompts.Expect(Answer::Ignore, "A mathematical error has occurred evaluating blade 2 mean pitch.");
+    l = u = v = -1.0;
+    EXPECT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 1, l, u, v), 0);
+    EXPECT_EQ(v, -1.0);
+}
+
+} // namespace
+} // namespace corvane
