@@ -100,7 +100,8 @@ inline constexpr const char* kISOFailMark = " [X]";
 // Verdict codes of EvaluateClassStatus and GetBestISOClass index these words.
 inline constexpr std::array<const char*, 5> kISOStatusWords = {"N/A", "PASS", "FAIL", "INCOMPLETE", "REJECT"};
 
-// Everything the last evaluation of one clsISO484 found.
+// Everything the last evaluation of one clsISO484 found. EvaluateISOCriteria starts it afresh;
+// GetBestISOClass then adds the class codes, so it runs after the chain.
 struct ISOResults {
     std::int16_t ReferenceSourceIndex = 0; // the source the windows were taken against
     ISOWindow PropellerMeanPitch;
