@@ -1,0 +1,282 @@
+#include "reference/modImportFile.h"
+
+#include "PPPTestSupport.h"
+#include "acquisition/clsVirtualPropeller.h"
+#include "model/modUtilities.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cmath>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace corvane {
+namespace {
+
+using test::PPPTest;
+
+const char* const kExportErrorText =
+    "A minimum of 3 sections are required to create a reference PPP file. The PPP "
+    "file cannot be exported.";
+const char* const kPrepareErrorText =
+    "An error occurred preparing the reference data. The PPP file cannot be exported.";
+
+// A scan of the virtual propeller on the standard rows, with the measures of blade 0 filled in
+// as the geometry would: pitch, chord and rake from the propeller's tables, a light camber.
+std::shared_ptr<clsPropeller> MeasuredScan() {
+    clsVirtualPropeller prop;
+    prop.Pitch = {{0.3, 31.25}, {1.0, 36.8125}};
+    prop.Chord = {{0.3, 6.5}, {0.7, 11.0}, {1.0, 2.5}};
+    prop.Rake = {{0.3, 0.0}, {1.0, 0.84375}};
+    auto scan = std::make_shared<clsPropeller>();
+    const std::vector<double> rows(kStandardRadialPositions.begin(), kStandardRadialPositions.end());
+    prop.FillScan(*scan, rows, 12);
+    scan->SetDescription("Scan A: \"4-blade\" 40 x 36");
+    clsBlades& blade = *scan->Blades(0);
+    blade.SetISOBladePitch(34.5625);
+    for (int k = 0; k < 8; ++k) {
+        const double r = rows[static_cast<std::size_t>(k)];
+        blade.SetRadialPos(k, r);
+        blade.SetPitch(k, prop.PitchAt(0, r));
+        blade.SetChord(k, prop.At(prop.Chord, r));
+        blade.SetRakeAft(k, prop.At(prop.Rake, r));
+        blade.SetSkewHelix(k, -0.25 * k);
+        blade.Section(k)->SetSegmentPanelPitchArray(
+            {blade.Pitch(k) - 0.25, blade.Pitch(k) + 0.25, blade.Pitch(k) + 0.25, blade.Pitch(k) - 0.25});
+    }
+    return scan;
+}
+
+void ExpectSameWithinPrint(const clsPropeller& read, const clsPropeller& written,
+                           const std::vector<int>& rows) {
+    const clsBlades& a = *read.Blades(0);
+    clsBlades& b = *written.Blades(0);
+    ASSERT_EQ(a.SectionCount(), static_cast<int>(rows.size()));
+    EXPECT_EQ(read.Description(), written.Description());
+    EXPECT_NEAR(read.Diameter(), written.Diameter(), 5e-5);
+    EXPECT_NEAR(a.ISOBladePitch(), b.ISOBladePitch(), 5e-5);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const int k = rows[i];
+        const int r = static_cast<int>(i);
+        EXPECT_NEAR(a.RadialPos(r), b.RadialPos(k), 5e-4) << k; // r/R * 100 with one decimal
+        EXPECT_NEAR(a.Pitch(r), b.Pitch(k), 5e-5) << k;
+        EXPECT_NEAR(a.Chord(r), b.Chord(k), 5e-5) << k;
+        EXPECT_NEAR(a.RakeAft(r), b.RakeAft(k), 5e-5) << k;
+        EXPECT_NEAR(a.SkewHelix(r), b.SkewHelix(k), 5e-5) << k;
+        auto from = b.Section(k);
+        auto to = read.Blades(0)->Section(r);
+        ASSERT_EQ(to->SegmentPanelCount(), from->SegmentPanelCount());
+        for (int j = 0; j < from->SegmentPanelCount(); ++j) {
+            EXPECT_NEAR(to->SegmentPanelPitch(j), from->SegmentPanelPitch(j), 5e-5) << k << "/" << j;
+        }
+    }
+}
+
+TEST_F(PPPTest, WhatIsWrittenReadsBackWithinThePrintedDigits) {
+    const auto scan = MeasuredScan();
+    scan->Blades(0)->Section(3)->SetRawOffsetCount(0); // no offsets: left out of the file
+    const std::string path = temp->File("scan.ppp");
+    ASSERT_EQ(WritePPPFile(path, *scan), 1);
+
+    const std::string text = ReadText(path);
+    EXPECT_TRUE(text.starts_with("[Prop Description]\r\nScan A: \"4-blade\" 40 x 36\r\n"));
+    EXPECT_NE(text.find("[Number of Radii + 1]\r\n7\r\n[Number of Sectors per Radius + 2]\r\n4\r\n"),
+              std::string::npos);
+    // Hub first, each cell 14 characters wide.
+    EXPECT_NE(text.find("34.5625       30.0          40.0          50.0          60.0          80.0          "
+                        "90.0          95.0          \r\nLE            "),
+              std::string::npos);
+    EXPECT_NE(text.find("\r\nTE            31"), std::string::npos);
+
+    clsPropeller back;
+    ASSERT_EQ(ImportPPPFile(path, back, 4), 1);
+    ExpectSameWithinPrint(back, *scan, {0, 1, 2, 4, 5, 6, 7});
+}
+
+// A value as wide as a cell still stands apart from the next one.
+TEST_F(PPPTest, WideValuesKeepTheirCellsApart) {
+    const auto scan = MeasuredScan();
+    scan->Blades(0)->SetChord(2, 123456789012.5);
+    scan->Blades(0)->SetRakeAft(2, -1234567890.25);
+    const std::string path = temp->File("wide.ppp");
+    ASSERT_EQ(WritePPPFile(path, *scan), 1);
+    clsPropeller back;
+    ASSERT_EQ(ImportPPPFile(path, back, 4), 1);
+    EXPECT_DOUBLE_EQ(back.Blades(0)->Chord(2), 123456789012.5);
+    EXPECT_DOUBLE_EQ(back.Blades(0)->RakeAft(2), -1234567890.25);
+    EXPECT_NEAR(back.Blades(0)->Chord(3), scan->Blades(0)->Chord(3), 5e-5);
+}
+
+TEST_F(PPPTest, ACommaLocaleChangesNoByte) {
+    const auto scan = MeasuredScan();
+    const std::string plain = FormatPPPText(*scan);
+    const std::string previous = std::setlocale(LC_ALL, nullptr);
+    if (std::setlocale(LC_ALL, "de_DE.UTF-8") == nullptr && std::setlocale(LC_ALL, "de_DE.utf8") == nullptr) {
+        GTEST_SKIP() << "no comma locale installed";
+    }
+    const std::string comma = FormatPPPText(*scan);
+    std::setlocale(LC_ALL, previous.c_str());
+    EXPECT_EQ(comma, plain);
+}
+
+TEST_F(PPPTest, ExportWritesTheFileReferenceAndRefusesTooFewSections) {
+    auto reference = std::make_shared<clsPropeller>();
+    ASSERT_EQ(ImportPPPFile(Data("basic.ppp"), *reference, 4), 1);
+    gProject->SetReferenceSourceIndex(2);
+    gProject->SetReferenceSource(reference);
+    const std::string path = temp->File("export.ppp");
+    ASSERT_EQ(ExportPPPFile(path), 1);
+    EXPECT_EQ(ReadText(path), FormatPPPText(*reference));
+    clsPropeller back;
+    ASSERT_EQ(ImportPPPFile(path, back, 4), 1);
+    ExpectSameWithinPrint(back, *reference, {0, 1, 2, 3, 4});
+
+    // Two sections with offsets are not enough; the file written before stays as it was.
+    const std::string before = ReadText(path);
+    for (int k = 0; k < 3; ++k) {
+        reference->Blades(0)->Section(k)->SetRawOffsetCount(0);
+    }
+    prompts.Expect(Answer::OK, kExportErrorText);
+    EXPECT_EQ(ExportPPPFile(path), 0);
+    EXPECT_EQ(prompts.History().back().title, "Export error");
+    EXPECT_EQ(ReadText(path), before);
+}
+
+TEST_F(PPPTest, ExportUsesTheReferenceCalculationWhenInstalled) {
+    std::vector<bool> rawEnds;
+    int status = 0;
+    PPPPipeline pipeline;
+    pipeline.CalculateReferenceProperties = [&](bool useRawEnds) {
+        rawEnds.push_back(useRawEnds);
+        gProject->SetReferenceScan(MeasuredScan());
+        return status;
+    };
+    SetPPPPipeline(pipeline);
+    const std::string path = temp->File("calculated.ppp");
+    prompts.Expect(Answer::OK, kPrepareErrorText);
+    EXPECT_EQ(ExportPPPFile(path), 0);
+    EXPECT_EQ(prompts.History().back().title, "Scan Data Error");
+    EXPECT_FALSE(std::filesystem::exists(path));
+
+    status = 1;
+    ASSERT_EQ(ExportPPPFile(path), 1);
+    EXPECT_EQ(rawEnds, (std::vector<bool>{true, true}));
+    EXPECT_EQ(ReadText(path), FormatPPPText(*gProject->ReferenceScan()));
+}
+
+TEST_F(PPPTest, ExportWithoutReferenceOrFolderFails) {
+    prompts.Expect(Answer::OK, kPrepareErrorText);
+    EXPECT_EQ(ExportPPPFile(temp->File("none.ppp")), 0);
+
+    const auto scan = MeasuredScan();
+    prompts.Expect(Answer::Ignore, "exporting the Michigan Wheel PPP file");
+    EXPECT_EQ(WritePPPFile(temp->File("missing/folder.ppp"), *scan), 0);
+    EXPECT_EQ(prompts.History().back().kind, ScriptedPrompts::Kind::CriticalError);
+}
+
+// Sections at radii of their own, out of order, with values linear in r/R: the spline keeps
+// straight runs straight, so every standard radius gets the exact line value, panels too.
+TEST_F(PPPTest, ResplineMovesSectionsOntoTheStandardRadii) {
+    gRadialPositions[7] = 0.25; // an inner radius of 25 %
+    clsPropeller p;
+    p.SetBladeCount(4);
+    clsBlades& blade = *p.Blades(0);
+    const std::vector<double> own = {0.85, 1.0, 0.45, 0.22, 0.62};
+    blade.SetSectionCount(static_cast<std::int16_t>(own.size()));
+    for (int k = 0; k < blade.SectionCount(); ++k) {
+        const double r = own[static_cast<std::size_t>(k)];
+        blade.SetRadialPos(k, r);
+        blade.SetPitch(k, 30 + 6 * r);
+        blade.SetChord(k, 2 + 8 * r);
+        blade.SetRakeAft(k, 0.5 * r);
+        blade.SetSkewHelix(k, 1 - r);
+        blade.Section(k)->SetSegmentPanelPitchArray({29 + 6 * r, 31 + 6 * r, 31 + 6 * r, 29 + 6 * r});
+    }
+    ASSERT_EQ(ResplineSectionsToISORadii(p), 1);
+    const clsBlades& now = blade;
+    ASSERT_EQ(now.SectionCount(), 8);
+    for (int k = 0; k < 8; ++k) {
+        const double r = gRadialPositions[static_cast<std::size_t>(k)];
+        EXPECT_EQ(now.RadialPos(k), r);
+        EXPECT_NEAR(now.Pitch(k), 30 + 6 * r, 1e-9) << k;
+        EXPECT_NEAR(now.Chord(k), 2 + 8 * r, 1e-9) << k;
+        EXPECT_NEAR(now.RakeAft(k), 0.5 * r, 1e-9) << k;
+        EXPECT_NEAR(now.SkewHelix(k), 1 - r, 1e-9) << k;
+        auto s = p.Blades(0)->Section(k);
+        ASSERT_EQ(s->SegmentPanelCount(), 4);
+        EXPECT_NEAR(s->SegmentPanelPitch(0), 29 + 6 * r, 1e-9) << k;
+        EXPECT_NEAR(s->SegmentPanelPitch(2), 31 + 6 * r, 1e-9) << k;
+        ASSERT_EQ(s->RawOffsetCount(), 5);
+        auto copy = p.Blades(2)->Section(k);
+        ASSERT_EQ(copy->RawOffsetCount(), 5);
+        EXPECT_NEAR(Wrap180(copy->ThetaDeg(3) - s->ThetaDeg(3) - 180.0), 0.0, 1e-9);
+    }
+    EXPECT_TRUE(prompts.History().empty());
+}
+
+// A curved distribution still passes through a section that stands on a standard radius.
+TEST_F(PPPTest, ResplineKeepsSectionsOnStandardRadii) {
+    clsPropeller p;
+    ASSERT_EQ(ImportPPPFile(Data("cambered.ppp"), p, 4), 1);
+    ASSERT_EQ(ResplineSectionsToISORadii(p), 1);
+    clsBlades& blade = *p.Blades(0);
+    EXPECT_NEAR(blade.Pitch(3), 36.0, 1e-12);                         // r/R 0.7
+    EXPECT_NEAR(blade.Chord(5), 9.0, 1e-12);                          // r/R 0.5
+    EXPECT_NEAR(blade.Chord(7), 7.0, 1e-12);                          // r/R 0.3
+    EXPECT_NEAR(blade.Section(1)->SegmentPanelPitch(3), 35.5, 1e-12); // r/R 0.9, LE panel
+}
+
+// The measures of the resplined reference go through the installed steps in this order, and
+// what they leave on blade 0 reaches every blade.
+TEST_F(PPPTest, ResplineHandsTheResultToThePipeline) {
+    std::vector<std::string> calls;
+    PPPPipeline pipeline;
+    pipeline.CalculatePropellerProperties = [&](clsPropeller&, bool panelMode, bool limits) {
+        calls.push_back(std::string("properties ") + (panelMode ? "1" : "0") + (limits ? "1" : "0"));
+        return 1;
+    };
+    pipeline.GetExportPanelCount = [&](clsPropeller&, int section) {
+        return static_cast<std::int16_t>(5 + section);
+    };
+    pipeline.CalcLocalPitchByNormal = [&](std::int16_t, clsPropeller& p, int blade, int section, int panels,
+                                          bool useRawEnds) {
+        calls.push_back("local " + std::to_string(blade) + std::to_string(section) + std::to_string(panels) +
+                        (useRawEnds ? "1" : "0"));
+        p.Blades(blade)->Section(section)->SetSegmentPanelCount(panels);
+        return 1;
+    };
+    pipeline.CalcISOBladePitch = [&](clsPropeller& p, int blade) {
+        p.Blades(blade)->SetISOBladePitch(35.0);
+        calls.push_back("blade pitch");
+        return 1;
+    };
+    pipeline.CalcIntegratedBladePitch = [&](clsPropeller&, int) {
+        calls.push_back("integrated");
+        return 1;
+    };
+    pipeline.CalcISOPropellerPitch = [&](clsPropeller& p) {
+        calls.push_back("propeller " + std::to_string(p.Blades(3)->ISOBladePitch()));
+        return 1;
+    };
+    SetPPPPipeline(pipeline);
+    clsPropeller p;
+    ASSERT_EQ(ImportPPPFile(Data("basic.ppp"), p, 4), 1);
+    ASSERT_EQ(ResplineSectionsToISORadii(p), 1);
+    ASSERT_EQ(calls.size(), 12u);
+    EXPECT_EQ(calls[0], "properties 11");
+    EXPECT_EQ(calls[1], "local 0050");
+    EXPECT_EQ(calls[8], "local 07120");
+    EXPECT_EQ(calls[9], "blade pitch");
+    EXPECT_EQ(calls[10], "integrated");
+    EXPECT_EQ(calls[11], "propeller 35.000000");
+    EXPECT_EQ(p.Blades(3)->Section(7)->SegmentPanelCount(), 12);
+
+    pipeline.CalcIntegratedBladePitch = [](clsPropeller&, int) { return 0; };
+    SetPPPPipeline(pipeline);
+    EXPECT_EQ(ResplineSectionsToISORadii(p), 0);
+}
+
+} // namespace
+} // namespace corvane
