@@ -1,0 +1,265 @@
+#include "files/modProjectFile.h"
+
+#include "ProjectFileTestSupport.h"
+#include "files/modReferenceFile.h"
+#include "model/Globals.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <regex>
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+using test::ProjectFileTest;
+
+class modProjectFileTest : public ProjectFileTest {
+protected:
+    // The file text without its Source line, which carries the build's version.
+    static std::string WithoutSource(const std::string& text) {
+        return std::regex_replace(text, std::regex("\nSource=[^\r]*\r\n"), "\n");
+    }
+};
+
+TEST_F(modProjectFileTest, WritesBlocksAndTagsInTheirOrder) {
+    clsCorvane& p = *gProject;
+    p.SetProjectID("P1");
+    p.SetNotes("a\r\nb");
+    p.SetCustomer("C");
+    p.SetMarkedDiameter(4.5);
+    p.SetLEExclusionDistance(0.25);
+    p.SetBladeCount(2);
+    p.SetRightScanCount(1);
+    p.SetProjectScanCount(1);
+    clsPropeller& scan = *p.RightScan(0);
+    scan.SetScanDate("2026/11/22 9:0:0");
+    scan.SetScanSource("USB4");
+    scan.SetScanDrop(1);
+    scan.SetDiameter(4.5);
+    scan.Blades(0)->SetSectionCount(1);
+    scan.Blades(0)->Section(0)->SetRadiusArray({1.5, 1.75});
+    scan.Blades(0)->Section(0)->SetThetaDegArray({-10, 12.5});
+    scan.Blades(0)->Section(0)->SetAxialDropXArray({0.5, -0.25});
+    scan.Blades(1)->SetGLPositionThetaDeg(180);
+
+    const std::string path = temp->File("order.cvpj");
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    EXPECT_EQ(WithoutSource(test::ReadTextFile(path)), test::Crlf(R"([Project]
+SchemaVersion=2
+LastModified=2026/11/22 9:5:7
+PropLength=ft
+ProjectID=P1
+RepairShop=
+Inspector=
+Notes=a|b
+JobNotes=
+Customer=C
+Vessel=
+JobNumber=
+[PropellerInfo]
+Manufacturer=
+ModelNumber=
+SerialNumber=
+MarkedDiameter=4.5
+MarkedPitch=
+BladeCount=2
+Rotation=Right
+MaterialDescription=
+BoreSize=
+ISOTaskIndex=ClassSpec
+ISOCriteriaIndex=Primary
+ClassIndex=ClassS
+IncludeInnerRadiusIndex=Off
+InnerRadius=30
+CupExclusionDistance=0
+LEExclusionDistance=0.25
+RightScanCount=1
+LeftScanCount=0
+ProjectScanCount=1
+ActiveRightScanIndex=0
+ActiveLeftScanIndex=0
+[RightPropeller1]
+ScanID=0
+ScanDate=2026/11/22 9:0:0
+ScanSource=USB4
+ScanDrop=DualChannel
+Description=
+Diameter=4.5
+PitchMean=0
+PitchOfRecord=
+BladeCount=2
+MaterialDescription=
+[RightPropeller1Blade1]
+BladeDiameter=0
+GLPositionThetaDeg=0
+GLPositionAxialX=0
+SectionCount=1
+[RightPropeller1Blade1Section1]
+RawOffsetCount=2
+Radius=1.5,1.75
+ThetaDeg=-10,12.5
+AxialDropX=.5,-.25
+[RightPropeller1Blade2]
+BladeDiameter=0
+GLPositionThetaDeg=180
+GLPositionAxialX=0
+SectionCount=0
+[ReferencePropellerInfo]
+ReferenceSource=None
+ReferenceSourceFilePath=
+InternalScanSourceIndex=Active
+InternalScanIndex=0
+ReferenceIncludeBlade1=On
+ReferenceIncludeBlade2=Off
+ReferenceSectionPitch=SectionPitchConstant
+ReferenceLocalPitch=LocalPitchFlatFace
+ReferenceSectionPitchSource=Auto
+ReferenceDiameter=0
+ReferenceConstantPitch=0
+ReferenceVariablePitchCount=8
+ReferenceVariablePitchRadialPos=0,0,0,0,0,0,0,0
+ReferenceVariablePitch=0,0,0,0,0,0,0,0
+)"));
+    // The third line names the program and its version, with the build tag when there is one.
+    EXPECT_TRUE(std::regex_search(test::ReadTextFile(path),
+                                  std::regex("\nSource=Corvane \\d+\\.\\d\\d\\.\\d{4}\r\n")));
+    gBuildTag = "rc2";
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    EXPECT_TRUE(std::regex_search(test::ReadTextFile(path),
+                                  std::regex("\nSource=Corvane \\d+\\.\\d\\d\\.\\d{4}\\.rc2\r\n")));
+}
+
+TEST_F(modProjectFileTest, RoundTripKeepsEveryFiledMemberOfBothHands) {
+    test::FillSampleProject();
+    const test::ProjectObjects written{gProject, gUnits, gISO484};
+    const std::string path = temp->File("sample.cvpj");
+    ASSERT_EQ(WriteProjectFile(path), 1);
+
+    test::MakeFreshProject();
+    ASSERT_EQ(ReadProjectFile(path, true), 1);
+    test::ExpectFiledMembersEqual(written);
+    // The external reference file is gone: the embedded copy serves, under its bare name.
+    EXPECT_EQ(gProject->ReferenceSourceFilePath(), "blue-line.cvrf");
+    const clsPropeller& reference = *gProject->ReferenceSource();
+    const clsBlades& expectedBlade = *written.project->ReferenceSource()->Blades(0);
+    EXPECT_EQ(reference.Diameter(), 1250.0);
+    ASSERT_EQ(reference.BladeCount(), 1);
+    ASSERT_EQ(reference.Blades(0)->SectionCount(), 3);
+    for (int k = 0; k < 3; ++k) {
+        EXPECT_EQ(reference.Blades(0)->Pitch(k), expectedBlade.Pitch(k));
+        EXPECT_EQ(reference.Blades(0)->Section(k)->SegmentPanelPitchArray(),
+                  written.project->ReferenceSource()->Blades(0)->Section(k)->SegmentPanelPitchArray());
+    }
+}
+
+TEST_F(modProjectFileTest, SavingAgainKeepsBlocksItNoLongerWritesUnread) {
+    test::FillSampleProject();
+    const std::string path = temp->File("resave.cvpj");
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    gProject->SetRotationIndex(0);
+    gProject->RemovePropellerScan(1);
+    gProject->SetCustomer("Green Line");
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    const std::string text = test::ReadTextFile(path);
+    EXPECT_NE(text.find("[RightPropeller2Blade4Section8]"), std::string::npos);
+    EXPECT_EQ(text.find("[Project]"), 0u);
+    // The temporary file of the save is gone.
+    for (const auto& entry : fs::directory_iterator(temp->Path())) {
+        const std::string name = entry.path().filename().string();
+        EXPECT_TRUE(name == "appdata" || name == "tmp" || name == "resave.cvpj") << name;
+    }
+
+    test::MakeFreshProject();
+    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    EXPECT_EQ(gProject->RightScanCount(), 1);
+    EXPECT_EQ(gProject->Customer(), "Green Line");
+}
+
+TEST_F(modProjectFileTest, AScanReferenceWithoutAPitchIsSavedAsNone) {
+    const std::string path = temp->File("ref.cvpj");
+    gProject->SetReferenceSourceIndex(1);
+    gProject->SetReferenceSectionPitchIndex(0);
+    gProject->SetReferenceConstantPitch(0);
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    EXPECT_NE(test::ReadTextFile(path).find("ReferenceSource=None\r\n"), std::string::npos);
+    EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+
+    gProject->SetReferenceSourceIndex(1);
+    gProject->SetReferenceSectionPitchIndex(1);
+    gProject->SetReferenceVariablePitch(5, -1.0);
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+
+    // A usable one is saved with the blocks of the scan reference.
+    gProject->SetReferenceSourceIndex(1);
+    gProject->SetReferenceVariablePitch(5, 1.0);
+    gProject->ReferenceScan()->SetDiameter(7.25);
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    const std::string text = test::ReadTextFile(path);
+    EXPECT_NE(text.find("ReferenceSource=InternalScan\r\n"), std::string::npos);
+    EXPECT_NE(text.find("[ReferencePropeller]\r\nDiameter=7.25\r\n[ReferenceBlade1]"), std::string::npos);
+}
+
+TEST_F(modProjectFileTest, LineBreaksNeverLeaveTheirLine) {
+    gProject->SetNotes("one\ntwo\rthree\r\nfour");
+    gProject->SetCustomer("Blue\nBladeCount=99");
+    const std::string path = temp->File("breaks.cvpj");
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    EXPECT_NE(test::ReadTextFile(path).find("Notes=one|two|three|four\r\n"), std::string::npos);
+    test::MakeFreshProject();
+    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    EXPECT_EQ(gProject->Notes(), "one\r\ntwo\r\nthree\r\nfour");
+    EXPECT_EQ(gProject->Customer(), "Blue BladeCount=99");
+    EXPECT_EQ(gProject->BladeCount(), 4);
+}
+
+TEST_F(modProjectFileTest, UserNumbersUseTheUsersDecimalSeparator) {
+    gDecimalChar = ',';
+    gISO484->SetISOInnerRadius(25.5);
+    gProject->SetCupExclusionDistance(1.25);
+    const std::string path = temp->File("comma.cvpj");
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    const std::string text = test::ReadTextFile(path);
+    EXPECT_NE(text.find("InnerRadius=25,5\r\nCupExclusionDistance=1,25\r\n"), std::string::npos);
+    test::MakeFreshProject();
+    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    EXPECT_EQ(gISO484->ISOInnerRadius(), 25.5);
+    EXPECT_EQ(gProject->CupExclusionDistance(), 1.25);
+}
+
+TEST_F(modProjectFileTest, AFileThatCannotBeWrittenGoesToTheHandlerAndLeavesNothing) {
+    const std::string path = temp->File("missing-folder/p.cvpj");
+    prompts.Expect(Answer::Retry, "writing the cvpj file to disk");
+    prompts.Expect(Answer::Ignore, "writing the cvpj file to disk");
+    EXPECT_EQ(WriteProjectFile(path), 0);
+    EXPECT_FALSE(fs::exists(temp->Path() / "missing-folder"));
+
+    // A folder where the file should be is left as it is.
+    fs::create_directory(temp->Path() / "taken.cvpj");
+    prompts.Expect(Answer::Ignore, "writing the cvpj file to disk");
+    EXPECT_EQ(WriteProjectFile(temp->File("taken.cvpj")), 0);
+    EXPECT_TRUE(fs::is_directory(temp->Path() / "taken.cvpj"));
+}
+
+TEST_F(modProjectFileTest, AFailedSaveLeavesTheOldFileWhole) {
+    if (test::RunningAsRoot()) {
+        GTEST_SKIP() << "permissions do not bind root";
+    }
+    const std::string folder = temp->File("locked");
+    fs::create_directory(folder);
+    const std::string path = folder + "/p.cvpj";
+    test::FillSampleProject();
+    ASSERT_EQ(WriteProjectFile(path), 1);
+    const std::string before = test::ReadTextFile(path);
+    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
+    gProject->SetCustomer("Changed");
+    prompts.Expect(Answer::Ignore, "writing the cvpj file to disk");
+    EXPECT_EQ(WriteProjectFile(path), 0);
+    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::add);
+    EXPECT_EQ(test::ReadTextFile(path), before);
+}
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,12 @@
+// The sibling-format reader on arbitrary bytes.
+#include "FuzzProject.h"
+#include "FuzzSupport.h"
+
+#include "files/modTesselbyFile.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    corvane::fuzz::FuzzScope scope(data, size, "input.tbsc");
+    corvane::fuzz::MakeFreshProject();
+    corvane::ReadTesselbyFile(scope.Path(), true);
+    return 0;
+}
