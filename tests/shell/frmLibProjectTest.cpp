@@ -1,0 +1,241 @@
+// The model comes before any Qt header: Qt's "slots" keyword macro would break its headers.
+#include "files/modLockFile.h"
+#include "library/LibraryTestProjects.h"
+#include "library/clsProjectLibrary.h"
+
+#include "shell/QtTestApp.h"
+#include "shell/frmLibProject.h"
+#include "shell/frmProjectID.h"
+
+#include <gtest/gtest.h>
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
+
+#include <filesystem>
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+template <typename T> T* Child(QWidget& dialog, const char* name) {
+    T* child = dialog.findChild<T*>(QString::fromLatin1(name));
+    EXPECT_NE(child, nullptr) << name;
+    return child;
+}
+
+class LibProjectDialogTest : public test::LibraryTest {
+protected:
+    void SetUp() override {
+        LibraryTest::SetUp();
+        WriteThreeProjects();
+    }
+    // Shows the dialog and lets its first activation load the list.
+    void Show(frmLibProject& dialog) {
+        dialog.show();
+        QCoreApplication::processEvents();
+    }
+    QTableWidget& Table(frmLibProject& dialog) { return *Child<QTableWidget>(dialog, "dtbLibProject"); }
+    QString Label(frmLibProject& dialog, const char* name) { return Child<QLabel>(dialog, name)->text(); }
+    QStringList ColumnText(frmLibProject& dialog, int column) {
+        QStringList cells;
+        for (int row = 0; row < Table(dialog).rowCount(); ++row)
+            cells << Table(dialog).item(row, column)->text();
+        return cells;
+    }
+    int RowOf(frmLibProject& dialog, const QString& id) {
+        return static_cast<int>(ColumnText(dialog, 1).indexOf(id));
+    }
+    void ClickHeader(frmLibProject& dialog, int column) {
+        QHeaderView* header = Table(dialog).horizontalHeader();
+        const int x = header->sectionViewportPosition(column) + header->sectionSize(column) / 2;
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(x, header->height() / 2));
+    }
+
+    QApplication& app = test::TestApp();
+};
+
+TEST_F(LibProjectDialogTest, LoadsTheLibraryOnFirstShow) {
+    frmLibProject dialog;
+    Show(dialog);
+    EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Corvane Project Library"));
+    QTableWidget& table = Table(dialog);
+    ASSERT_EQ(table.rowCount(), 3);
+    QStringList heads;
+    for (int column = 0; column < table.columnCount(); ++column)
+        heads << table.horizontalHeaderItem(column)->text();
+    EXPECT_EQ(heads, (QStringList{"All", "Project ID", "Customer", "Propeller", "Date Saved", "FilePath",
+                                  "Diameter (m)"}));
+    EXPECT_TRUE(table.isColumnHidden(kColumnFilePath));
+    EXPECT_TRUE(table.isColumnHidden(kColumnDiameter));
+    EXPECT_EQ(ColumnText(dialog, kColumnProjectID), (QStringList{"Bravo-17", "alpha-02", "Charlie-9"}));
+    EXPECT_EQ(table.item(0, kColumnPropeller)->text(), QStringLiteral("1850 x 1400 - 4 - [mm] - Class 1"));
+    EXPECT_TRUE(table.item(0, kColumnAll)->flags() & Qt::ItemIsUserCheckable);
+    EXPECT_EQ(Label(dialog, "lblProgress"), QStringLiteral("Load Complete"));
+    EXPECT_EQ(Label(dialog, "lblFoundItems"), QStringLiteral("Items Found: 3"));
+    EXPECT_EQ(Child<QProgressBar>(dialog, "prgLoading")->value(), 100);
+    EXPECT_EQ(Child<QLineEdit>(dialog, "txtSearchProject")->placeholderText(),
+              QStringLiteral("Search Directory"));
+    EXPECT_EQ(Child<QPushButton>(dialog, "cmdArchive")->text(), QStringLiteral("Archive"));
+    EXPECT_EQ(Child<QPushButton>(dialog, "cmdOpenFile")->text(), QStringLiteral("Open"));
+    EXPECT_EQ(Child<QPushButton>(dialog, "cmdCancel")->text(), QStringLiteral("Cancel"));
+
+    frmLibProject archived;
+    archived.SetArchiveMode(true);
+    Show(archived);
+    EXPECT_EQ(archived.windowTitle(), QStringLiteral("Corvane Archive"));
+    EXPECT_EQ(Child<QPushButton>(archived, "cmdArchive")->text(), QStringLiteral("Restore"));
+    EXPECT_EQ(Label(archived, "lblFoundItems"), QStringLiteral("Items Found: 0"));
+}
+
+TEST_F(LibProjectDialogTest, AFolderWithoutWriteAccessClosesTheDialog) {
+    settings.SetValue("Software\\Corvane\\DefaultOptions", "RootDirectory", temp->Folder() + "gone/");
+    gRootDirectory = temp->Folder() + "gone/";
+    prompts.Expect(Answer::OK, "does not have write permissions");
+    frmLibProject dialog;
+    Show(dialog);
+    EXPECT_EQ(prompts.History().back().title, "Access Error");
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+}
+
+TEST_F(LibProjectDialogTest, HeaderClicksSortAndSearchFilters) {
+    frmLibProject dialog;
+    Show(dialog);
+    ClickHeader(dialog, kColumnPropeller); // by diameter in metres
+    EXPECT_EQ(ColumnText(dialog, kColumnProjectID), (QStringList{"alpha-02", "Bravo-17", "Charlie-9"}));
+    ClickHeader(dialog, kColumnPropeller);
+    EXPECT_EQ(ColumnText(dialog, kColumnProjectID), (QStringList{"Charlie-9", "Bravo-17", "alpha-02"}));
+    EXPECT_EQ(Table(dialog).horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
+
+    auto* search = Child<QLineEdit>(dialog, "txtSearchProject");
+    auto* cmdSearch = Child<QPushButton>(dialog, "cmdSearch");
+    QTest::keyClicks(search, "LINES");
+    cmdSearch->click();
+    EXPECT_EQ(ColumnText(dialog, kColumnProjectID), (QStringList{"Charlie-9"}));
+    EXPECT_EQ(Label(dialog, "lblProgress"), QStringLiteral("Search Complete"));
+    EXPECT_EQ(Label(dialog, "lblFoundItems"), QStringLiteral("Items Found: 1"));
+
+    search->setText(QStringLiteral("no such job"));
+    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_EQ(ColumnText(dialog, kColumnProjectID), (QStringList{"Charlie-9"}));
+    EXPECT_EQ(Label(dialog, "lblFoundItems"), QStringLiteral("Items Found: 0"));
+    EXPECT_TRUE(dialog.isVisible()); // Return searched; it opened nothing
+
+    search->clear();
+    EXPECT_EQ(Table(dialog).rowCount(), 3);
+    EXPECT_EQ(Label(dialog, "lblFoundItems"), QStringLiteral("Items Found: 3"));
+
+    // A double click opens the row's project.
+    emit Table(dialog).cellDoubleClicked(RowOf(dialog, "Bravo-17"), kColumnCustomer);
+    EXPECT_TRUE(dialog.ProjectOpened());
+    EXPECT_EQ(gProjectFileName, "bravo.cvpj");
+    EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST_F(LibProjectDialogTest, ALockedProjectOpensReadOnly) {
+    test::WriteBytes(LockFilePath(library + "alpha.cvpj"), "UserName=anna\r\nComputerName=OFFICE2\r\n");
+    frmLibProject dialog;
+    QSignalSpy opened(&dialog, &frmLibProject::projectOpened);
+    Show(dialog);
+
+    Child<QPushButton>(dialog, "cmdOpenFile")->click(); // no row marked: nothing happens
+    EXPECT_TRUE(dialog.isVisible());
+
+    prompts.Expect(Answer::OK, "File is currently in use by user \"anna\" on computer \"OFFICE2\".");
+    Table(dialog).selectRow(RowOf(dialog, "alpha-02"));
+    Child<QPushButton>(dialog, "cmdOpenFile")->click();
+    EXPECT_EQ(opened.count(), 1);
+    EXPECT_TRUE(dialog.ProjectOpened());
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_FALSE(dialog.isVisible());
+    EXPECT_EQ(gProject->ProjectID(), "alpha-02");
+    EXPECT_EQ(gProjectFileName, "~untitled.cvpj");
+
+    ProjectCommandHost host;
+    prompts.Expect(Answer::OK, "The file is currently open in Read-Only mode.");
+    EXPECT_EQ(SaveProject(host), 0);
+    EXPECT_EQ(test::FileBytes(LockFilePath(library + "alpha.cvpj")),
+              "UserName=anna\r\nComputerName=OFFICE2\r\n");
+}
+
+TEST_F(LibProjectDialogTest, MovesATickedRowIntoTheArchive) {
+    gProjectFileName = "charlie.cvpj"; // the project open now
+    frmLibProject dialog;
+    Show(dialog);
+    QTableWidget& table = Table(dialog);
+
+    prompts.Expect(Answer::OK, "charlie.cvpj is currently open.");
+    table.item(RowOf(dialog, "Charlie-9"), kColumnAll)->setCheckState(Qt::Checked);
+    EXPECT_EQ(table.item(RowOf(dialog, "Charlie-9"), kColumnAll)->checkState(), Qt::Unchecked);
+
+    table.item(RowOf(dialog, "Bravo-17"), kColumnAll)->setCheckState(Qt::Checked);
+    prompts.Expect(Answer::Yes,
+                   "Are you sure you want to move \"Bravo-17\" from Project Library into Archive?");
+    prompts.Expect(Answer::OK, "1 file(s) were successfully moved into the Archive");
+    Child<QPushButton>(dialog, "cmdArchive")->click();
+    EXPECT_EQ(ColumnText(dialog, kColumnProjectID), (QStringList{"alpha-02", "Charlie-9"}));
+    EXPECT_EQ(Label(dialog, "lblFoundItems"), QStringLiteral("Items Found: 2"));
+    EXPECT_TRUE(fs::exists(archive + "bravo.cvpj"));
+    EXPECT_FALSE(fs::exists(library + "bravo.cvpj"));
+
+    // Nothing ticked now: the button does nothing.
+    Child<QPushButton>(dialog, "cmdArchive")->click();
+
+    // The head of the tick column ticks all rows but the open project, then clears them.
+    prompts.Expect(Answer::OK, "charlie.cvpj is currently open.");
+    ClickHeader(dialog, kColumnAll);
+    EXPECT_EQ(table.item(RowOf(dialog, "alpha-02"), kColumnAll)->checkState(), Qt::Checked);
+    EXPECT_EQ(table.item(RowOf(dialog, "Charlie-9"), kColumnAll)->checkState(), Qt::Unchecked);
+    ClickHeader(dialog, kColumnAll);
+    EXPECT_EQ(table.item(RowOf(dialog, "alpha-02"), kColumnAll)->checkState(), Qt::Unchecked);
+}
+
+class ProjectIDDialogTest : public test::LibraryTest {
+protected:
+    QApplication& app = test::TestApp();
+};
+
+TEST_F(ProjectIDDialogTest, RefusesAnEmptyOrUnchangedIDAndStoresANewOne) {
+    gProject->SetProjectID("TUG-1");
+    frmProjectID dialog;
+    QSignalSpy changed(&dialog, &frmProjectID::projectIDChanged);
+    dialog.show();
+    auto* text = Child<QLineEdit>(dialog, "txtProjectID");
+    auto* ok = Child<QPushButton>(dialog, "cmdOK");
+
+    text->setText(QStringLiteral("   "));
+    prompts.Expect(Answer::OK, "New project ID can not be empty");
+    ok->click();
+    text->setText(QStringLiteral("TUG-1"));
+    prompts.Expect(Answer::OK, "New project ID must be different from previous project ID ");
+    ok->click();
+    EXPECT_EQ(prompts.History().back().text, "New project ID must be different from previous project ID ");
+    EXPECT_EQ(prompts.History().back().title, "Project ID");
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(changed.count(), 0);
+
+    text->setText(QStringLiteral(" TUG-2 "));
+    ok->click();
+    EXPECT_EQ(gProject->ProjectID(), "TUG-2");
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    EXPECT_FALSE(dialog.isVisible());
+
+    dialog.show();
+    text->setText(QStringLiteral("TUG-3"));
+    Child<QPushButton>(dialog, "cmdCancel")->click();
+    EXPECT_TRUE(text->text().isEmpty());
+    EXPECT_EQ(dialog.result(), QDialog::Rejected);
+    EXPECT_EQ(gProject->ProjectID(), "TUG-2");
+}
+
+} // namespace
+} // namespace corvane
