@@ -160,7 +160,13 @@ bool frmLibProject::LoadLibrary() {
     lblProgress_->clear();
     lblFoundItems_->clear();
     prgLoading_->setValue(0);
+    // The load lets events run: nothing may sort, open or move a list that is still filling.
+    const QList<QWidget*> busy = {dtbLibProject_, txtSearchProject_, cmdSearch_, cmdOpenFile_, cmdArchive_};
+    for (QWidget* widget : busy)
+        widget->setEnabled(false);
     library_->Load([this](int percent) { prgLoading_->setValue(percent); });
+    for (QWidget* widget : busy)
+        widget->setEnabled(true);
     dtbLibProject_->horizontalHeader()->setSortIndicator(
         library_->SortColumn(), library_->SortAscending() ? Qt::AscendingOrder : Qt::DescendingOrder);
     FillRows();
