@@ -1,48 +1,384 @@
 #include "shell/frmCorvane.h"
 
+#include "files/modLockFile.h"
+#include "files/modProjectCommands.h"
 #include "model/Globals.h"
+#include "model/clsCorvane.h"
+#include "shell/CheckPageController.h"
+#include "shell/FileCommands.h"
+#include "shell/MainToolStrip.h"
+#include "shell/MenuController.h"
+#include "shell/ProjectPageController.h"
+#include "shell/ReportPageController.h"
+#include "shell/ScanCommands.h"
+#include "shell/ScanPageController.h"
+#include "shell/ToolsCommands.h"
+#include "shell/Twips.h"
+#include "shell/frmPageProject.h"
+#include "support/ErrorTail.h"
 #include "support/Services.h"
+#include "support/modErrorHandler.h"
 
 #include <QCloseEvent>
-#include <QHBoxLayout>
+#include <QGuiApplication>
 #include <QLabel>
-#include <QPushButton>
+#include <QScreen>
+#include <QSettings>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace corvane {
+namespace {
+
+// The window opens at 15360 by 11610 twips, centred, and never gets smaller than this.
+constexpr int kInitialWidthTwips = 15360;
+constexpr int kInitialHeightTwips = 11610;
+constexpr int kMinimumWidthTwips = 12000;
+constexpr int kMinimumHeightTwips = 9000;
+// The acquisition timer's period; the arm is read at each tick.
+constexpr int kAcquireIntervalMs = 10;
+
+QString Q(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+QSettings PlacementSettings() {
+    return QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Corvane"));
+}
+
+// The active scan of the project, or null when it has none.
+std::shared_ptr<clsPropeller> ActiveScan() {
+    if (!gProject) {
+        return nullptr;
+    }
+    const int scan = gProject->ActiveScanIndex();
+    if (scan < 0 || scan >= gProject->PropellerScanCount()) {
+        return nullptr;
+    }
+    return gProject->PropellerScan(scan);
+}
+
+bool BladeEnabled(int blade) {
+    const auto scan = ActiveScan();
+    return scan && blade >= 0 && blade < scan->BladeCount() && scan->Blades(blade)->BladeEnabled();
+}
+
+} // namespace
 
 frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
     setObjectName(QStringLiteral("frmCorvane"));
-    auto* central = new QWidget(this);
-    auto* layout = new QVBoxLayout(central);
-    auto* pages = new QHBoxLayout();
-    for (const char* caption : {"PROJECT", "SCAN", "CHECK", "REPORT"}) {
-        auto* button = new QPushButton(QString::fromLatin1(caption), central);
-        button->setObjectName(QStringLiteral("cmdPage") + QString::fromLatin1(caption));
-        button->setMinimumHeight(40);
-        pages->addWidget(button);
+    ErrorTail tail("loading main interface");
+    tail.Step([this] { PlaceWindow(); });
+    gShowEmailOption = true;
+    gShowAbortOption = true;
+    // The e-mail settings are read here once the e-mail client is part of the program.
+
+    tail.Step([this] {
+        auto* central = new QWidget(this);
+        auto* layout = new QVBoxLayout(central);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->setSpacing(0);
+        toolStrip_ = new MainToolStrip(central);
+        layout->addWidget(toolStrip_);
+        pages_ = new QStackedWidget(central);
+        pages_->setObjectName(QStringLiteral("pages"));
+        layout->addWidget(pages_, 1);
+        setCentralWidget(central);
+
+        projectPage_ = std::make_unique<ProjectPageController>(*this);
+        scanPage_ = std::make_unique<ScanPageController>(*this);
+        checkPage_ = std::make_unique<CheckPageController>(*this);
+        reportPage_ = std::make_unique<ReportPageController>(*this);
+        for (int page = PageProject; page <= PageReport; ++page) {
+            pages_->addWidget(PageWidget(page));
+        }
+        files_ = std::make_unique<FileCommands>(*this);
+        scans_ = std::make_unique<ScanCommands>(*this);
+        tools_ = std::make_unique<ToolsCommands>(*this);
+        menus_ = std::make_unique<MenuController>(*this, menuBar());
+
+        lblFileName_ = new QLabel(this);
+        lblFileName_->setObjectName(QStringLiteral("lblFileName"));
+        statusBar()->addPermanentWidget(lblFileName_);
+
+        connect(toolStrip_, &MainToolStrip::PageButtonClicked, this, [this](int page) {
+            switch (page) {
+            case PageProject:
+                ctlProjButton_Click();
+                break;
+            case PageScan:
+                ctlScanButton_Click();
+                break;
+            case PageCheck:
+                ctlCheckButton_Click();
+                break;
+            default:
+                ctlDocsButton_Click();
+                break;
+            }
+        });
+        connect(toolStrip_, &MainToolStrip::AllClicked, this, &frmCorvane::ctlAll_Click);
+        connect(toolStrip_, &MainToolStrip::BladeClicked, this, &frmCorvane::ctlBlades_Click);
+    });
+    tail.Step([this] { AcquireInitialize(); });
+    activePage_ = PageProject;
+    if (toolStrip_ != nullptr && menus_ != nullptr) {
+        ResizeMainToolbar();
+        ctlProjButton_Click();
+        SetBladeButtonState(0);
+        UpdateTitlebarCaption();
     }
-    layout->addLayout(pages);
-    auto* body = new QLabel(QStringLiteral("No page is open yet."), central);
-    body->setAlignment(Qt::AlignCenter);
-    layout->addWidget(body, 1);
-    setCentralWidget(central);
-    resize(1100, 760);
-    UpdateTitle();
 }
 
-void frmCorvane::UpdateTitle() {
-    const std::string mode = gOfficeMode != 0 ? " (Office)" : "";
-    setWindowTitle(QString::fromStdString(gAppTitle + mode + " - " + gProjectFileName));
+frmCorvane::~frmCorvane() {
+    // The child widgets outlive the controllers by a moment; nothing they signal on their way
+    // out may reach the window. The menus hold references into the command objects.
+    if (projectPage_) {
+        projectPage_->Page()->disconnect();
+    }
+    if (toolStrip_ != nullptr) {
+        toolStrip_->disconnect(this);
+    }
+    menus_.reset();
+}
+
+QWidget* frmCorvane::PageWidget(int page) const {
+    switch (page) {
+    case PageProject:
+        return projectPage_->Page();
+    case PageScan:
+        return scanPage_->Page();
+    case PageCheck:
+        return checkPage_->Page();
+    default:
+        return reportPage_->Page();
+    }
+}
+
+void frmCorvane::PlaceWindow() {
+    QSize size(TwipsToPixels(kInitialWidthTwips), TwipsToPixels(kInitialHeightTwips));
+    setMinimumSize(TwipsToPixels(kMinimumWidthTwips), TwipsToPixels(kMinimumHeightTwips));
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const QRect available = screen != nullptr ? screen->availableGeometry() : QRect(0, 0, 1280, 1024);
+    resize(size);
+    move(available.center() - QPoint(size.width() / 2, size.height() / 2));
+
+    QSettings settings = PlacementSettings();
+    settings.beginGroup(QString::fromLatin1(kPlacementGroup));
+    const QByteArray saved = settings.value(QStringLiteral("Geometry")).toByteArray();
+    if (!saved.isEmpty()) {
+        restoreGeometry(saved);
+    }
+}
+
+void frmCorvane::SavePlacement() const {
+    QSettings settings = PlacementSettings();
+    settings.beginGroup(QString::fromLatin1(kPlacementGroup));
+    settings.setValue(QStringLiteral("Geometry"), saveGeometry());
+}
+
+int frmCorvane::QuerySave() {
+    if (!gProjectDirty) {
+        return Answer::No;
+    }
+    const int answer = Prompts().MessageBox("Would you like to save the changes to the Project?",
+                                            MsgBox::YesNoCancel | MsgBox::Question, "Save Project?");
+    if (answer == Answer::Yes && mnuFileSave_Click() != 1) {
+        // The save was refused or failed, and said why: the changes are still unsaved, and the
+        // command that asked must not throw them away.
+        gProjectDirty = true;
+        return Answer::Cancel;
+    }
+    return answer;
+}
+
+void frmCorvane::UpdateTitlebarCaption() {
+    std::string caption = gAppTitle + " [" + (gOfficeMode == 1 ? "Office" : "Shop") + "]";
+    if (gProject && !gProject->ProjectID().empty()) {
+        caption += " - " + gProject->ProjectID();
+        if (!gProject->Customer().empty()) {
+            caption += " - " + gProject->Customer();
+        }
+    }
+    setWindowTitle(Q(caption));
+    UpdateStatusBar();
+}
+
+void frmCorvane::UpdateStatusBar() {
+    if (lblFileName_ != nullptr) {
+        const bool readOnly = gProjectFileName == kReadOnlyUntitledFileName;
+        lblFileName_->setText(readOnly ? QStringLiteral("Read-only (in use on another station)")
+                                       : Q(CurrentProjectPath()));
+    }
+    if (toolStrip_ != nullptr) {
+        const char* mode = gScanMode == 2 ? "DIGITAL DAQ" : gScanMode == 1 ? "MANUAL ENTRY" : "NO SCANNING";
+        toolStrip_->SetStationCaption((gOfficeMode == 1 ? QStringLiteral("OFFICE") : QStringLiteral("SHOP")) +
+                                      QChar('\n') + QString::fromLatin1(mode));
+    }
+}
+
+void frmCorvane::OpenPage(int page) {
+    activePage_ = page;
+    toolStrip_->PressPageButton(page);
+    pages_->setCurrentWidget(PageWidget(page));
+    ResizeMainToolbar();
+    menus_->UpdateMenuState();
+}
+
+void frmCorvane::ctlProjButton_Click() {
+    GraphsStale = true;
+    CompareScanIndex = -1;
+    gCheckPageMode = 0;
+    if (activePage_ == PageCheck) {
+        toolStrip_->ctlAll->SetClickAction(ctlPanelButton::ClickRadio);
+    }
+    OpenPage(PageProject);
+    projectPage_->RefreshProjectFormData();
+    bladeViewMode_ = 1;
+    ctlAll_UpdateDisplay();
+    SetBladeButtonState(0);
+}
+
+void frmCorvane::ctlScanButton_Click() {
+    if (projectPage_->CheckProjectData(false) != 1) {
+        ctlProjButton_Click();
+        return;
+    }
+    GraphsStale = true;
+    CompareScanIndex = -1;
+    gCheckPageMode = 0;
+    if (activePage_ == PageCheck) {
+        toolStrip_->ctlAll->SetClickAction(ctlPanelButton::ClickRadio);
+    }
+    OpenPage(PageScan);
+    bladeViewMode_ = 0;
+    ctlAll_UpdateDisplay();
+    SetBladeButtonState(1);
+}
+
+void frmCorvane::ctlCheckButton_Click() {
+    switch (checkPage_->PassGates(false)) {
+    case GateOutcome::ToProjectPage:
+        ctlProjButton_Click();
+        return;
+    case GateOutcome::ToScanPage:
+        ctlScanButton_Click();
+        return;
+    case GateOutcome::Open:
+        break;
+    }
+    for (int blade = 0; blade < 7; ++blade) {
+        gShowBladeFlags[static_cast<std::size_t>(blade)] = BladeEnabled(blade);
+    }
+    SetBladeButtonState(2);
+    Lock_Controls();
+    OpenPage(PageCheck);
+    checkPage_->Redraw();
+    UnLock_Controls();
+    ctlAll_Raise();
+    ctlAll_UpdateDisplay();
+}
+
+void frmCorvane::ctlDocsButton_Click() {
+    switch (checkPage_->PassGates(true)) {
+    case GateOutcome::ToProjectPage:
+        ctlProjButton_Click();
+        return;
+    case GateOutcome::ToScanPage:
+        ctlScanButton_Click();
+        return;
+    case GateOutcome::Open:
+        break;
+    }
+    gShowRadiusFlags.fill(true);
+    for (int blade = 0; blade < 7; ++blade) {
+        gShowBladeFlags[static_cast<std::size_t>(blade)] = BladeEnabled(blade);
+    }
+    SetBladeButtonState(2);
+    Lock_Controls();
+    OpenPage(PageReport);
+    reportPage_->Refresh();
+    UnLock_Controls();
+    ctlAll_Raise();
+    ctlAll_UpdateDisplay();
+}
+
+void frmCorvane::ResizeMainToolbar() {
+    toolStrip_->updateGeometry();
+    if (centralWidget() != nullptr && centralWidget()->layout() != nullptr) {
+        centralWidget()->layout()->activate();
+    }
+}
+
+int frmCorvane::mnuFileSave_Click() {
+    return files_->mnuFileSave_Click();
+}
+
+void frmCorvane::mnuFileExport_Click() {
+    files_->mnuFileExport_Click();
+}
+
+void frmCorvane::mnuFileImport_Click() {
+    files_->mnuFileImport_Click();
+}
+
+void frmCorvane::mnuFileNew_Click() {
+    files_->mnuFileNew_Click();
+}
+
+void frmCorvane::mnuFileOpen_Click() {
+    files_->mnuFileOpen_Click();
+}
+
+void frmCorvane::mnuFileViewArchive_Click() {
+    files_->mnuFileViewArchive_Click();
+}
+
+void frmCorvane::AcquireInitialize() {
+    if (tmrAcquire_ == nullptr) {
+        tmrAcquire_ = new QTimer(this);
+        tmrAcquire_->setObjectName(QStringLiteral("tmrAcquire"));
+        tmrAcquire_->setInterval(kAcquireIntervalMs);
+    }
+    // The timer starts with the acquisition loop, which reads the arm at each tick.
+    acquisitionRunning_ = false;
+}
+
+void frmCorvane::ResetDropCounter() {}
+
+void frmCorvane::AcquireStartRecord() {}
+
+void frmCorvane::AcquireStopRecord() {
+    acquisitionRunning_ = false;
+}
+
+void frmCorvane::AcquireShutdown() {
+    if (tmrAcquire_ != nullptr) {
+        tmrAcquire_->stop();
+    }
+    acquisitionRunning_ = false;
 }
 
 void frmCorvane::closeEvent(QCloseEvent* event) {
-    const int answer = Prompts().MessageBox("OK to close " + gAppTitle + "?",
-                                            MsgBox::OKCancel | MsgBox::Question, "Close " + gAppTitle);
-    if (answer != Answer::OK) {
+    if (QuerySave() == Answer::Cancel) {
         event->ignore();
         return;
     }
+    if (Prompts().MessageBox("OK to close " + gAppTitle + "?", MsgBox::OKCancel | MsgBox::Question,
+                             "Close " + gAppTitle) != Answer::OK) {
+        event->ignore();
+        return;
+    }
+    RemoveLockFile(CurrentProjectPath());
+    if (tmrAcquire_ != nullptr) {
+        tmrAcquire_->stop();
+    }
+    Events().DoEvents();
+    AcquireShutdown();
+    Events().DoEvents();
+    SavePlacement();
     event->accept();
 }
 

@@ -2,21 +2,139 @@
 
 #include <QMainWindow>
 
+#include <array>
+#include <memory>
+
+class QLabel;
+class QStackedWidget;
+class QTimer;
+
 namespace corvane {
 
-// The application's main window. It holds the page buttons and the pages; closing it asks the
-// technician for confirmation and ends the program.
+class CheckPageController;
+class FileCommands;
+class MainToolStrip;
+class MenuController;
+class ProjectPageController;
+class ReportPageController;
+class ScanCommands;
+class ScanPageController;
+class ToolsCommands;
+
+// The main window: one page at a time under the menus and the tool strip of page and blade
+// buttons. It owns the navigation between the four pages and the gates a page passes before
+// it opens; the pages, the file commands and the menus each have a controller of their own.
 class frmCorvane : public QMainWindow {
     Q_OBJECT
 
 public:
-    explicit frmCorvane(QWidget* parent = nullptr);
+    enum PageIndex { PageProject = 0, PageScan = 1, PageCheck = 2, PageReport = 3 };
 
-    // "Corvane" in Shop mode, with the open project's file name.
-    void UpdateTitle();
+    explicit frmCorvane(QWidget* parent = nullptr);
+    ~frmCorvane() override;
+
+    // Asks to save a changed project: Yes saves, and the answer goes back; 2 (Cancel) stops
+    // the command that asked. A Yes whose save did not happen counts as Cancel.
+    int QuerySave();
+    // "Corvane [Shop]", then " - " and the Project ID, then " - " and the customer.
+    void UpdateTitlebarCaption();
+    void UpdateTitle() { UpdateTitlebarCaption(); }
+
+    // Page buttons, with their gates.
+    void ctlProjButton_Click();
+    void ctlScanButton_Click();
+    void ctlCheckButton_Click();
+    void ctlDocsButton_Click();
+
+    // Blade view: ctlAll and the seven blade buttons.
+    void ctlAll_Click();
+    void UpdateRadiusPanels();
+    void ctlBlades_Click(int index);
+    void Prop_Blades_Disable();
+    void Lock_Controls();
+    void UnLock_Controls();
+    // 0 Project page: blades by count, released; 1 Scan page: the active blade in manual
+    // entry; 2 Check and Report pages: the shown blades pressed.
+    void SetBladeButtonState(int state);
+    void Blades_Depress();
+    void Blade_Only(int index);
+    void Blades_Or_Prop();
+    void Blades_Count_Show();
+    void Blades_Count_Raise();
+    void ctlAll_Raise();
+    void ctlAll_Depress();
+    void ctlAll_UpdateDisplay();
+    void ResizeMainToolbar();
+
+    // File commands (FileCommands does the work).
+    void mnuFileExport_Click();
+    void mnuFileImport_Click();
+    void mnuFileNew_Click();
+    void mnuFileOpen_Click();
+    void mnuFileViewArchive_Click();
+    int mnuFileSave_Click();
+
+    // Acquisition of the measuring arm. Only the timer exists yet; the rest arrives with the
+    // acquisition loop.
+    void AcquireInitialize();
+    void ResetDropCounter();
+    void AcquireStartRecord();
+    void AcquireStopRecord();
+    void AcquireShutdown();
+
+    int ActivePage() const { return activePage_; }
+    int BladeViewMode() const { return bladeViewMode_; }
+    void SetBladeViewMode(int mode) { bladeViewMode_ = mode; }
+    bool AcquisitionRunning() const { return acquisitionRunning_; }
+    QWidget* PageWidget(int page) const;
+
+    MainToolStrip& ToolStrip() const { return *toolStrip_; }
+    MenuController& Menus() const { return *menus_; }
+    FileCommands& Files() const { return *files_; }
+    ScanCommands& Scans() const { return *scans_; }
+    ToolsCommands& Tools() const { return *tools_; }
+    ProjectPageController& ProjectPage() const { return *projectPage_; }
+    ScanPageController& ScanPage() const { return *scanPage_; }
+    CheckPageController& CheckPage() const { return *checkPage_; }
+    ReportPageController& ReportPage() const { return *reportPage_; }
+    QTimer* tmrAcquire() const { return tmrAcquire_; }
+
+    // The QSettings group that remembers the window's size and place.
+    static constexpr const char* kPlacementGroup = "Window";
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+
+private:
+    // Presses the page's button, raises the others and shows the page.
+    void OpenPage(int page);
+    void PlaceWindow();
+    void SavePlacement() const;
+    void UpdateStatusBar();
+    // The blade buttons' pressed states go through here, so that a click the window refuses
+    // can be put back (RestoreBladeButtons).
+    void PressBlade(int blade, bool pressed);
+    void RestoreBladeButtons();
+    // The tool strip's click actions when unlocked on the page now open.
+    void SetBladeClickActions();
+
+    int activePage_ = PageProject;
+    int bladeViewMode_ = 1;
+    bool acquisitionRunning_ = false;
+    std::array<bool, 7> bladePressed_{};
+
+    MainToolStrip* toolStrip_ = nullptr;
+    QStackedWidget* pages_ = nullptr;
+    QLabel* lblFileName_ = nullptr;
+    QTimer* tmrAcquire_ = nullptr;
+    std::unique_ptr<ProjectPageController> projectPage_;
+    std::unique_ptr<ScanPageController> scanPage_;
+    std::unique_ptr<CheckPageController> checkPage_;
+    std::unique_ptr<ReportPageController> reportPage_;
+    std::unique_ptr<FileCommands> files_;
+    std::unique_ptr<ScanCommands> scans_;
+    std::unique_ptr<ToolsCommands> tools_;
+    std::unique_ptr<MenuController> menus_;
 };
 
 } // namespace corvane

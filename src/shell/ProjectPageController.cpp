@@ -1,0 +1,39 @@
+#include "shell/ProjectPageController.h"
+
+#include "shell/frmCorvane.h"
+#include "shell/frmPageProject.h"
+
+namespace corvane {
+
+ProjectPageController::ProjectPageController(frmCorvane& window) : page_(new frmPageProject()) {
+    QObject::connect(page_, &frmPageProject::newRequested, page_, [&window] { window.mnuFileNew_Click(); });
+    QObject::connect(page_, &frmPageProject::openRequested, page_, [&window] { window.mnuFileOpen_Click(); });
+    QObject::connect(page_, &frmPageProject::saveRequested, page_, [&window] { window.mnuFileSave_Click(); });
+    QObject::connect(page_, &frmPageProject::archiveRequested, page_,
+                     [&window] { window.mnuFileViewArchive_Click(); });
+    QObject::connect(page_, &frmPageProject::bladeCountChanged, page_, [&window] {
+        if (window.ActivePage() == frmCorvane::PageProject) {
+            window.SetBladeButtonState(0);
+        }
+    });
+    QObject::connect(page_, &frmPageProject::titleChanged, page_,
+                     [&window] { window.UpdateTitlebarCaption(); });
+}
+
+int ProjectPageController::RefreshProjectFormData() {
+    return page_->RefreshProjectFormData();
+}
+
+int ProjectPageController::CheckProjectData(bool clearOnly) {
+    return page_->CheckProjectData(clearOnly);
+}
+
+void ProjectPageController::MarkSaveAsFields(bool diameterMissing, bool customerMissing) {
+    page_->MarkSaveAsFields(diameterMissing, customerMissing);
+}
+
+ProjectFieldCheck ProjectPageController::Marks() const {
+    return page_->Marks();
+}
+
+} // namespace corvane

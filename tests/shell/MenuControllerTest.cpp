@@ -1,0 +1,239 @@
+#include "WindowTestSupport.h"
+
+#include "acquisition/DemoProject.h"
+#include "model/clsBlades.h"
+#include "model/clsPropeller.h"
+#include "model/clsSection.h"
+#include "shell/ScanCommands.h"
+#include "shell/ToolsCommands.h"
+#include "support/Services.h"
+
+#include <QKeySequence>
+#include <QMenu>
+
+#include <utility>
+
+namespace corvane {
+namespace {
+
+class MenuTest : public test::WindowTest {
+protected:
+    // The demo project with `scans` copies of its scan, lettered A, B, C...
+    void UseDemoScans(int scans) {
+        ASSERT_EQ(BuildDemoProject(6), 1);
+        const auto first = gProject->PropellerScan(0);
+        gProject->SetPropellerScanCount(static_cast<std::int16_t>(scans));
+        for (int i = 0; i < scans; ++i) {
+            auto copy = first->CopyClass();
+            copy->SetScanID(static_cast<std::int16_t>(i));
+            gProject->SetPropellerScan(i, copy);
+        }
+        window->ProjectPage().RefreshProjectFormData();
+    }
+    std::string Caption(const char* name) const { return Entry(name)->text().toStdString(); }
+};
+
+TEST_F(MenuTest, EveryEntryCarriesItsCaption) {
+    const std::vector<std::pair<const char*, const char*>> captions = {
+        {"mnuFileNew", "&New project"},
+        {"mnuFileOpen", "&Open project..."},
+        {"mnuFileSave", "&Save project"},
+        {"mnuFileSaveAs", "&Save project as..."},
+        {"mnuFileViewArchive", "Open &archive..."},
+        {"mnuFileImport", "&Import project..."},
+        {"mnuFileExport", "&Export project..."},
+        {"mnuFileExit", "&Exit Corvane"},
+        {"mnuEdit", "&Edit"},
+        {"mnuViewPage_0", "&Project"},
+        {"mnuViewPage_1", "&Scan"},
+        {"mnuViewPage_2", "&Check"},
+        {"mnuViewPage_3", "&Documents"},
+        {"mnuScanHistoryAdd", "&Add..."},
+        {"mnuScanHistoryDelete", "&Delete..."},
+        {"mnuScanHistoryOverwrite", "&Overwrite..."},
+        {"mnuScanHistoryImport", "&Import..."},
+        {"mnuScanResetBuffer", "Reset scan buffer..."},
+        {"mnuScanMode", "Scan Mode"},
+        {"mnuScanModeManualEntry", "Manual entry"},
+        {"mnuScanModeDigitalDAQ", "Digitial DAQ"},
+        {"mnuScanOptions", "Scan options..."},
+        {"mnuCheckPlot", "&Check"},
+        {"mnuCheckPitchOnly", "Pitch only (ignore track)"},
+        {"mnuCheckPlotZoom_0", "&Equal XY scale..."},
+        {"mnuCheckPlotZoom_1", "&Magnified Y scale..."},
+        {"mnuToolsOpenReferencePage", "&Show REF panel..."},
+        {"mnuToolsReferenceEditor", "&Custom Reference editor..."},
+        {"mnuToolsSettings", "&Settings..."},
+        {"mnuHelpContents", "&Contents"},
+        {"mnuHelpSearch", "&Search for help on..."},
+        {"mnuHelpTechSupport", "&Obtaining Technical Support"},
+        {"mnuHelpAbout", "&About Corvane..."},
+    };
+    for (const auto& [name, caption] : captions) {
+        EXPECT_EQ(Caption(name), caption) << name;
+    }
+    EXPECT_EQ(Entry("mnuFileNew")->shortcut(), QKeySequence(QKeySequence::New));
+    EXPECT_EQ(Entry("mnuFileSave")->shortcut(), QKeySequence(QKeySequence::Save));
+    EXPECT_FALSE(Entry("mnuFileSaveAs")->shortcut().isEmpty());
+    EXPECT_FALSE(Entry("mnuFileExit")->shortcut().isEmpty());
+}
+
+TEST_F(MenuTest, MenusOpenByPageAndScanMode) {
+    EXPECT_FALSE(Open("mnuScan"));
+    EXPECT_FALSE(Open("mnuCheckPlot"));
+    EXPECT_TRUE(Open("mnuTools"));
+    EXPECT_TRUE(Entry("mnuViewPage_0")->isChecked());
+
+    UseDemoScans(1);
+    window->ctlScanButton_Click();
+    EXPECT_TRUE(Open("mnuScan"));
+    EXPECT_TRUE(Entry("mnuViewPage_1")->isChecked());
+    EXPECT_TRUE(Entry("mnuScanModeManualEntry")->isChecked());
+    EXPECT_FALSE(Entry("mnuScanOptions")->isEnabled()); // not in manual entry
+    EXPECT_FALSE(Entry("mnuScanResetBuffer")->isEnabled());
+
+    gDAQConnected = true;
+    window->Scans().mnuScanModeDigitalDAQ_Click();
+    EXPECT_EQ(gScanMode, 2);
+    EXPECT_TRUE(Entry("mnuScanModeDigitalDAQ")->isChecked());
+    EXPECT_FALSE(Entry("mnuScanModeManualEntry")->isChecked());
+    EXPECT_TRUE(Entry("mnuScanOptions")->isEnabled());
+
+    // Through the page list, with the gates.
+    Entry("mnuViewPage_2")->trigger();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageCheck);
+    EXPECT_FALSE(Open("mnuScan"));
+    EXPECT_TRUE(Open("mnuCheckPlot"));
+    EXPECT_TRUE(Entry("mnuViewPage_2")->isChecked());
+    Entry("mnuViewPage_3")->trigger();
+    EXPECT_FALSE(Open("mnuCheckPlot"));
+    EXPECT_TRUE(Open("mnuTools"));
+}
+
+TEST_F(MenuTest, OfficeStationHasNoScanMenuOnTheScanPage) {
+    gOfficeMode = 1;
+    gScanMode = 0;
+    FillRequiredFields();
+    window->ctlScanButton_Click();
+    ASSERT_EQ(window->ActivePage(), frmCorvane::PageScan);
+    EXPECT_FALSE(Open("mnuScan"));
+}
+
+TEST_F(MenuTest, DigitalDAQWithoutTheBoxFallsBackToManualEntry) {
+    gDAQConnected = false;
+    gScanMode = 2;
+    prompts.Expect(Answer::OK, "The DAQ is not connected! Scan mode will be setup as Manual entry.");
+    window->Scans().mnuScanModeDigitalDAQ_Click();
+    EXPECT_EQ(prompts.History().back().title, "Error");
+    EXPECT_EQ(gScanMode, 1);
+    EXPECT_TRUE(Entry("mnuScanModeManualEntry")->isChecked());
+}
+
+TEST_F(MenuTest, CheckMenuTicksFollowTheSwitches) {
+    ASSERT_TRUE(gPitchIgnoreTrack);
+    window->Tools().mnuCheckPitchOnly_Click();
+    EXPECT_FALSE(gPitchIgnoreTrack);
+    EXPECT_FALSE(Entry("mnuCheckPitchOnly")->isChecked());
+    window->Tools().mnuCheckPlotZoom_Click(1);
+    EXPECT_TRUE(ZoomActive);
+    EXPECT_TRUE(Entry("mnuCheckPlotZoom_1")->isChecked());
+    EXPECT_FALSE(Entry("mnuCheckPlotZoom_0")->isChecked());
+    EXPECT_FALSE(gProjectDirty); // view settings, not project data
+}
+
+TEST_F(MenuTest, DeletingTheOnlyScanKeepsItAndItsData) {
+    UseDemoScans(1);
+    window->ctlScanButton_Click();
+    prompts.Expect(Answer::Yes, "Are you sure you want to delete Scan A?");
+    window->Scans().mnuScanHistoryDelete_Click();
+    EXPECT_EQ(prompts.History().back().title, "Delete scan...");
+    EXPECT_EQ(gProject->PropellerScanCount(), 1);
+    EXPECT_GT(gProject->PropellerScan(0)->Blades(0)->Section(0)->RawOffsetCount(), 0);
+    EXPECT_FALSE(gProjectDirty);
+}
+
+TEST_F(MenuTest, DeletingAScanShiftsTheLaterOnesDownAndDirtiesTheProject) {
+    UseDemoScans(3);
+    window->ctlScanButton_Click();
+    gProject->SetActiveScanIndex(1);
+    prompts.Expect(Answer::No, "Are you sure you want to delete Scan B?");
+    window->Scans().mnuScanHistoryDelete_Click();
+    EXPECT_EQ(gProject->PropellerScanCount(), 3);
+
+    prompts.Expect(Answer::Yes, "Scan B?");
+    window->Scans().mnuScanHistoryDelete_Click();
+    ASSERT_EQ(gProject->PropellerScanCount(), 2);
+    EXPECT_EQ(gProject->PropellerScan(1)->ScanID(), 2);
+    EXPECT_TRUE(gProjectDirty);
+
+    gProject->SetActiveScanIndex(1);
+    prompts.Expect(Answer::Yes, "Scan C?");
+    window->Scans().mnuScanHistoryDelete_Click();
+    EXPECT_EQ(gProject->ActiveScanIndex(), 0); // no longer below the count
+    gProject->SetActiveScanIndex(4);
+    prompts.Expect(Answer::OK, "The selected scan does not exist.");
+    window->Scans().mnuScanHistoryDelete_Click();
+
+    // Off the Scan page the command does nothing.
+    window->ctlProjButton_Click();
+    window->Scans().mnuScanHistoryDelete_Click();
+}
+
+TEST_F(MenuTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
+    UseDemoScans(1);
+    gScanMode = 2;
+    window->ctlScanButton_Click();
+    ActiveBlade = 1;
+    ActiveRadius = 3;
+    const auto section = gProject->PropellerScan(0)->Blades(1)->Section(3);
+    prompts.Expect(Answer::Yes,
+                   "Warning! There are 6 points in the buffer. Erase the buffer and re-scan the 70R "
+                   "for blade 2?");
+    window->Scans().mnuScanResetBuffer_Click();
+    EXPECT_EQ(prompts.History().back().title, "Reset scan buffer");
+    EXPECT_EQ(section->RawOffsetCount(), 0);
+    EXPECT_TRUE(gProjectDirty);
+    window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
+}
+
+TEST_F(MenuTest, CommandsOfLaterWorkSayTheyAreNotAvailable) {
+    UseDemoScans(1);
+    window->ctlScanButton_Click();
+    prompts.Expect(Answer::OK, "Adding a scan is not available yet.");
+    Entry("mnuScanHistoryAdd")->trigger();
+    prompts.Expect(Answer::OK, "The custom reference editor is not available yet.");
+    Entry("mnuToolsReferenceEditor")->trigger();
+    prompts.Expect(Answer::OK, "The settings dialog is not available yet.");
+    Entry("mnuToolsSettings")->trigger();
+    EXPECT_EQ(prompts.History().back().title, "Corvane");
+}
+
+TEST_F(MenuTest, ReferencePanelWithoutScansDropsTheReference) {
+    gProject->SetReferenceSourceIndex(2);
+    prompts.Expect(Answer::OK, "No scans are availible ");
+    window->Tools().mnuToolsOpenReferencePage_Click();
+    EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+}
+
+TEST_F(MenuTest, HelpWithoutItsFileSaysSo) {
+    gHelpFileFound = false;
+    prompts.Expect(Answer::OK, "Corvane Help file not found.");
+    Entry("mnuHelpContents")->trigger();
+    EXPECT_EQ(prompts.History().back().title, "Corvane Help File Error");
+    prompts.Expect(Answer::OK, "Corvane 1.");
+    Entry("mnuHelpAbout")->trigger();
+    EXPECT_EQ(prompts.History().back().title, "About Corvane");
+}
+
+TEST(ScanLabels, LettersThenPairsThenNumbers) {
+    EXPECT_EQ(ScanLabel(0), "A");
+    EXPECT_EQ(ScanLabel(25), "Z");
+    EXPECT_EQ(ScanLabel(26), "AA");
+    EXPECT_EQ(ScanLabel(27), "AB");
+    EXPECT_EQ(ScanLabel(52), "BA");
+    EXPECT_EQ(ScanLabel(701), "ZZ");
+    EXPECT_EQ(ScanLabel(702), "702");
+}
+
+} // namespace
+} // namespace corvane

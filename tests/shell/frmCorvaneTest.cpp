@@ -1,0 +1,297 @@
+#include "WindowTestSupport.h"
+
+#include "acquisition/DemoProject.h"
+#include "files/modLockFile.h"
+#include "iso484/clsISO484.h"
+#include "iso484/modISO484Data.h"
+#include "model/clsBlades.h"
+#include "model/clsPropeller.h"
+#include "model/clsSection.h"
+#include "shell/ProjectPageController.h"
+#include "shell/Twips.h"
+#include "shell/ctlTextField.h"
+#include "support/Services.h"
+
+#include <QCloseEvent>
+#include <QLineEdit>
+#include <QStackedWidget>
+#include <QTest>
+
+#include <filesystem>
+
+namespace corvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+class MainWindowTest : public test::WindowTest {
+protected:
+    // The demo project: job data that passes the Project page and one four-bladed scan that
+    // passes the scan check.
+    void UseDemoProject() {
+        ASSERT_EQ(BuildDemoProject(12), 1);
+        window->ProjectPage().RefreshProjectFormData();
+        window->SetBladeButtonState(0);
+    }
+
+    // Geometry that leaves the scan as it is, so that a scan with a blade never measured gets
+    // through the calculations: only the blade switching of the window is looked at here.
+    static ISOGeometrySteps PassingGeometry() {
+        ISOGeometrySteps steps;
+        steps.CalculatePropellerProperties = [](clsPropeller&, bool, bool) { return 1; };
+        steps.CalculateReferenceProperties = [](std::int16_t&) { return 0; };
+        steps.CalcLocalPitchDeviations = [](clsPropeller&, int, int, clsPropeller&) { return 1; };
+        steps.CalcSectionAxialDrop = [](clsPropeller&, int, int, double, double& drop) {
+            drop = 0;
+            return 1;
+        };
+        return steps;
+    }
+
+    // A blade that was never measured: it takes no part in the evaluation.
+    static void ClearBlade(int blade) {
+        auto cleared = std::make_shared<clsBlades>();
+        cleared->SetSectionCount(8);
+        gProject->PropellerScan(0)->SetBlades(blade, cleared);
+    }
+
+    bool BladeShown(int blade) const { return Strip().ctlBlades[static_cast<std::size_t>(blade)]->Visible(); }
+    bool BladePressed(int blade) const {
+        return Strip().ctlBlades[static_cast<std::size_t>(blade)]->Pressed();
+    }
+};
+
+TEST_F(MainWindowTest, OpensCentredOnTheProjectPageWithTheStationInTheTitle) {
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageProject);
+    EXPECT_EQ(window->size(), QSize(TwipsToPixels(15360), TwipsToPixels(11610)));
+    EXPECT_TRUE(Strip().ctlProjButton->Pressed());
+    EXPECT_EQ(Strip().ctlProjButton->ForeColor(), kCaptionBlack);
+    EXPECT_FALSE(Strip().ctlScanButton->Pressed());
+    EXPECT_EQ(Strip().ctlScanButton->ForeColor(), kCaptionWhite);
+    EXPECT_EQ(Strip().ctlAll->Caption(), QStringLiteral("ISO"));
+    EXPECT_EQ(Title(), "Corvane [Shop]");
+
+    gProject->SetProjectID("TUG-0417");
+    window->UpdateTitlebarCaption();
+    EXPECT_EQ(Title(), "Corvane [Shop] - TUG-0417");
+    gProject->SetCustomer("Atlantic Tug");
+    gOfficeMode = 1;
+    window->UpdateTitlebarCaption();
+    EXPECT_EQ(Title(), "Corvane [Office] - TUG-0417 - Atlantic Tug");
+    // A customer without an ID does not show.
+    gProject->SetProjectID("");
+    window->UpdateTitlebarCaption();
+    EXPECT_EQ(Title(), "Corvane [Office]");
+}
+
+TEST_F(MainWindowTest, TypingOnTheProjectPageDirtiesTheProjectAndRetitlesTheWindow) {
+    gProject->SetProjectID("TUG-0417");
+    window->ProjectPage().RefreshProjectFormData();
+    EXPECT_FALSE(gProjectDirty); // showing the data changes nothing
+    auto* customer = window->findChild<ctlTextField*>(QStringLiteral("txtCustomer"));
+    ASSERT_NE(customer, nullptr);
+    customer->TextBox()->selectAll();
+    QTest::keyClicks(customer->TextBox(), QStringLiteral("Atlantic Tug"));
+    EXPECT_TRUE(gProjectDirty);
+    EXPECT_EQ(Title(), "Corvane [Shop] - TUG-0417 - Atlantic Tug");
+
+    // The page's NEW button runs the window's command, which asks first.
+    auto* newButton = window->findChild<ctlPanelButton*>(QStringLiteral("ctlProjectNew"));
+    ASSERT_NE(newButton, nullptr);
+    prompts.Expect(Answer::Cancel, "Would you like to save the changes to the Project?");
+    emit newButton->Click();
+    EXPECT_EQ(gProject->Customer(), "Atlantic Tug");
+}
+
+TEST_F(MainWindowTest, ScanButtonWithAMissingFieldStaysOnTheProjectPageWithTheFieldMarked) {
+    FillRequiredFields();
+    gProject->SetCustomer("  ");
+    window->ctlScanButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageProject);
+    EXPECT_TRUE(Strip().ctlProjButton->Pressed());
+    EXPECT_FALSE(Strip().ctlScanButton->Pressed());
+    EXPECT_FALSE(window->ProjectPage().Marks().customer);
+    EXPECT_TRUE(window->ProjectPage().Marks().projectID);
+    EXPECT_TRUE(prompts.History().empty()); // the marks say it; no box
+
+    gProject->SetCustomer("Atlantic Tug");
+    window->ctlScanButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageScan);
+    EXPECT_EQ(window->PageWidget(frmCorvane::PageScan),
+              window->findChild<QStackedWidget*>()->currentWidget());
+    EXPECT_TRUE(window->ProjectPage().Marks().AllHold());
+    EXPECT_EQ(window->BladeViewMode(), 0);
+    EXPECT_EQ(Strip().ctlAll->Caption(), QStringLiteral("ALL"));
+    EXPECT_TRUE(Strip().ctlAll->Pressed());
+}
+
+TEST_F(MainWindowTest, CheckButtonWithoutCustomerLandsOnTheProjectPage) {
+    UseDemoProject();
+    gProject->SetCustomer("");
+    window->ctlCheckButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageProject);
+    EXPECT_FALSE(window->ProjectPage().Marks().customer);
+}
+
+TEST_F(MainWindowTest, InnerRadiusOutOfRangeFailsTheGate) {
+    FillRequiredFields();
+    gISO484->SetISOIncludeInnerRadiusIndex(1);
+    gISO484->SetISOInnerRadius(40.0);
+    window->ctlScanButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageProject);
+    EXPECT_FALSE(window->ProjectPage().Marks().innerRadius);
+    gISO484->SetISOInnerRadius(1.0);
+    window->ctlScanButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageScan);
+}
+
+TEST_F(MainWindowTest, CheckButtonWithAnEmptyScanLandsOnTheScanPageAfterTheMessages) {
+    FillRequiredFields();
+    gProject->SetPropellerScanCount(1);
+    prompts.Expect(Answer::Yes, "Blades [1, 2, 3, 4] have no sections. Do you wish to proceed?");
+    prompts.Expect(Answer::OK, "The scan has no data and is unable to proceed.");
+    window->ctlCheckButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageScan);
+    ASSERT_EQ(prompts.History().size(), 2u);
+    EXPECT_EQ(prompts.History()[1].title, "Scan Data Error");
+}
+
+TEST_F(MainWindowTest, CheckButtonWithoutScansGoesToTheScanPageSilently) {
+    FillRequiredFields();
+    window->ctlCheckButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageScan);
+    window->ctlDocsButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageScan);
+}
+
+TEST_F(MainWindowTest, CheckPageShowsTheEnabledBladesAndDropsAnUnusableReferenceWithoutDirtying) {
+    ISOGeometryScope geometry(PassingGeometry());
+    UseDemoProject();
+    ClearBlade(2);
+    gProject->SetReferenceSourceIndex(1);
+    gProject->SetReferenceSectionPitchIndex(0);
+    gProject->SetReferenceConstantPitch(0);
+    ASSERT_FALSE(gProjectDirty);
+
+    prompts.Expect(Answer::Yes, "Blade 3 has no sections. Do you wish to proceed?");
+    window->ctlCheckButton_Click();
+    ASSERT_EQ(window->ActivePage(), frmCorvane::PageCheck);
+    EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+    EXPECT_FALSE(gProjectDirty);
+    EXPECT_TRUE(Strip().ctlCheckButton->Pressed());
+    EXPECT_EQ(
+        (std::array<bool, 4>{gShowBladeFlags[0], gShowBladeFlags[1], gShowBladeFlags[2], gShowBladeFlags[3]}),
+        (std::array<bool, 4>{true, true, false, true}));
+    EXPECT_TRUE(BladeShown(1));
+    EXPECT_FALSE(BladeShown(2));
+    EXPECT_FALSE(BladeShown(4)); // above the blade count
+    EXPECT_TRUE(BladePressed(0));
+    EXPECT_EQ(Strip().ctlAll->ClickAction(), ctlPanelButton::ClickMomentary);
+    EXPECT_EQ(Strip().ctlCheckButton->ClickAction(), ctlPanelButton::ClickRadio);
+}
+
+TEST_F(MainWindowTest, BladeButtonsOnTheCheckPageSwitchBladesAndIgnoreDisabledOnes) {
+    ISOGeometryScope geometry(PassingGeometry());
+    UseDemoProject();
+    ClearBlade(3);
+    prompts.Expect(Answer::Yes, "Blade 4 has no sections.");
+    window->ctlCheckButton_Click();
+    ASSERT_EQ(window->ActivePage(), frmCorvane::PageCheck);
+
+    window->ctlBlades_Click(1);
+    EXPECT_EQ(window->BladeViewMode(), 2);
+    EXPECT_EQ(Strip().ctlAll->Caption(), QStringLiteral("ANY"));
+    EXPECT_FALSE(gShowBladeFlags[1]);
+    EXPECT_FALSE(BladePressed(1));
+    window->ctlBlades_Click(1);
+    EXPECT_TRUE(gShowBladeFlags[1]);
+    EXPECT_TRUE(BladePressed(1));
+    window->ctlBlades_Click(3);
+    EXPECT_FALSE(gShowBladeFlags[3]);
+    EXPECT_FALSE(BladePressed(3));
+
+    // ctlAll flips between ALL and ISO; ANY goes to ISO.
+    window->ctlAll_Click();
+    EXPECT_EQ(window->BladeViewMode(), 1);
+    window->ctlAll_Click();
+    EXPECT_EQ(window->BladeViewMode(), 0);
+    EXPECT_EQ(Strip().ctlAll->Caption(), QStringLiteral("ALL"));
+    EXPECT_TRUE(Strip().ctlAll->Pressed());
+    // Back on the Project page the ALL button does nothing.
+    window->ctlProjButton_Click();
+    EXPECT_EQ(window->BladeViewMode(), 1);
+    window->ctlAll_Click();
+    EXPECT_EQ(window->BladeViewMode(), 1);
+}
+
+TEST_F(MainWindowTest, BladeButtonsFollowTheBladeCountAndPickTheBladeInManualEntry) {
+    UseDemoProject();
+    EXPECT_TRUE(BladeShown(3));
+    EXPECT_FALSE(BladeShown(4));
+    gProject->SetBladeCount(6);
+    window->SetBladeButtonState(0);
+    EXPECT_TRUE(BladeShown(5));
+    EXPECT_FALSE(BladeShown(6));
+
+    window->ctlBlades_Click(2); // the Project page ignores blade buttons
+    EXPECT_EQ(ActiveBlade, 0);
+    window->ctlScanButton_Click();
+    window->ctlBlades_Click(2);
+    EXPECT_EQ(ActiveBlade, 2);
+    EXPECT_TRUE(BladePressed(2));
+    EXPECT_FALSE(BladePressed(0));
+    EXPECT_FALSE(Strip().ctlAll->Pressed());
+}
+
+TEST_F(MainWindowTest, ReportButtonOpensTheReportWithEveryRadiusShown) {
+    UseDemoProject();
+    window->ctlDocsButton_Click();
+    EXPECT_EQ(window->ActivePage(), frmCorvane::PageReport);
+    EXPECT_TRUE(Strip().ctlDocsButton->Pressed());
+    for (bool shown : gShowRadiusFlags) {
+        EXPECT_TRUE(shown);
+    }
+    EXPECT_EQ(Strip().ctlBlades[0]->ClickAction(), ctlPanelButton::ClickToggle);
+}
+
+TEST_F(MainWindowTest, LockedStripIgnoresClicksUntilUnlocked) {
+    window->Lock_Controls();
+    for (int page = 0; page < 4; ++page) {
+        EXPECT_EQ(Strip().PageButton(page)->ClickAction(), ctlPanelButton::ClickNone);
+    }
+    EXPECT_EQ(Strip().ctlBlades[0]->ClickAction(), ctlPanelButton::ClickNone);
+    window->UnLock_Controls();
+    EXPECT_EQ(Strip().ctlScanButton->ClickAction(), ctlPanelButton::ClickRadio);
+    EXPECT_EQ(Strip().ctlAll->ClickAction(), ctlPanelButton::ClickMomentary);
+}
+
+TEST_F(MainWindowTest, ClosingAsksToSaveThenConfirmsRemovesTheLockAndRemembersThePlace) {
+    FillRequiredFields();
+    gProjectFileName = "TUG-0417_20261122_090507.cvpj";
+    ASSERT_EQ(WriteLockFile(InLibrary(gProjectFileName)), 1);
+    gProjectDirty = true;
+    window->move(40, 30);
+
+    prompts.Expect(Answer::No, "Would you like to save the changes to the Project?");
+    prompts.Expect(Answer::Cancel, "OK to close Corvane?");
+    EXPECT_FALSE(window->close());
+    EXPECT_TRUE(fs::exists(LockFilePath(InLibrary(gProjectFileName))));
+
+    prompts.Expect(Answer::Cancel, "Would you like to save");
+    EXPECT_FALSE(window->close());
+
+    prompts.Expect(Answer::No, "Would you like to save");
+    prompts.Expect(Answer::OK, "OK to close Corvane?");
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(prompts.History().back().title, "Close Corvane");
+    EXPECT_FALSE(fs::exists(LockFilePath(InLibrary(gProjectFileName))));
+    EXPECT_FALSE(fs::exists(InLibrary(gProjectFileName))); // No saved nothing
+
+    QSettings placement(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Corvane"));
+    EXPECT_FALSE(placement.value(QStringLiteral("Window/Geometry")).toByteArray().isEmpty());
+    frmCorvane again;
+    EXPECT_EQ(again.pos(), window->pos());
+}
+
+} // namespace
+} // namespace corvane
