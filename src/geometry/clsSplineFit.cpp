@@ -4,8 +4,10 @@
 #include "geometry/GuardedStep.h"
 #include "model/modUtilities.h"
 
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <limits>
 
 // Building the curve: input points, the walk over straight runs and the interpolation of the
 // curved spans between them. Evaluation is in clsSplineFitEvaluate.cpp.
@@ -19,6 +21,12 @@ namespace {
 // Two steps count as one direction when their angles agree this closely (radians). There is
 // no wrap-around: +pi and -pi are different directions.
 constexpr double kColinearTolerance = 0.0001;
+// Steps whose directions differ by a sine above twice the tolerance are certainly not colinear
+// (squared here); telling them apart this way saves the arc tangents. Only steps of moderate
+// length are judged so, where the squares can neither underflow nor overflow.
+constexpr double kSurelyApart = 4e-8;
+constexpr double kShortestSquare = 1e-100;
+constexpr double kLongestSquare = 1e100;
 
 double& Axis(PointDouble& p, int axis) {
     return axis == 0 ? p.X : p.Y;
@@ -61,6 +69,20 @@ void SolveTridiagonal(std::vector<double>& sub, std::vector<double>& diag, std::
     }
 }
 
+// Working rows of InterpolateSpline2D. A fit of a real sweep interpolates many short curved
+// spans between its straight runs, and every fit of a calculation has its own spline object:
+// the rows are kept here, per thread, so that neither allocates each time.
+struct InterpolationRows {
+    std::vector<PointDouble> delta;
+    std::vector<double> h, sub, diag, super;
+    std::array<std::vector<double>, 2> slope, rhs, m; // X and Y
+};
+
+InterpolationRows& Rows() {
+    thread_local InterpolationRows rows;
+    return rows;
+}
+
 } // namespace
 
 clsSplineFit::clsSplineFit() : points_(1), control_(1) {}
@@ -72,22 +94,7 @@ void clsSplineFit::SetCount(std::int32_t n) {
     points_.resize(static_cast<std::size_t>(n));
     control_.resize(3 * static_cast<std::size_t>(n) - 2);
     count_ = n;
-}
-
-double clsSplineFit::x(int i) const {
-    return At(points_, i).X;
-}
-
-void clsSplineFit::SetX(int i, double v) {
-    At(points_, i).X = v;
-}
-
-double clsSplineFit::y(int i) const {
-    return At(points_, i).Y;
-}
-
-void clsSplineFit::SetY(int i, double v) {
-    At(points_, i).Y = v;
+    knotOrder_ = 0;
 }
 
 void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& startTanY, double& endTanX,
@@ -106,6 +113,7 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
             }
         }
         SetCount(static_cast<std::int32_t>(kept));
+        stepAngle_.assign(points_.size() - 1, std::numeric_limits<double>::quiet_NaN());
         const int n = count_;
         if (n < 2) { // all one point: the walk below would not place it
             InterpolateSpline2D(points_, 0, n, startTanX, startTanY, endTanX, endTanY, control_, 0, method);
@@ -116,8 +124,10 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
         // between them start and end along the neighbouring section's direction.
         int i = 0;
         double angle = 0.0;
+        // Direction of the last straight run as a unit vector, where the next curved span starts.
+        double previousX = 1.0;
+        double previousY = 0.0;
         while (i < n - 1) {
-            const double previous = angle;
             int first = -1;
             int last = -1;
             GetNextColinearSection(i, startTanX, startTanY, endTanX, endTanY, first, last, angle);
@@ -127,15 +137,17 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
                                         method);
                 } else {
                     // The span to the end keeps the caller's end tangents.
-                    double joinX = std::cos(previous);
-                    double joinY = std::sin(previous);
+                    double joinX = previousX;
+                    double joinY = previousY;
                     InterpolateSpline2D(points_, i, n - i, joinX, joinY, endTanX, endTanY, control_, 3 * i,
                                         method);
                 }
                 return;
             }
-            double alongX = std::cos(angle);
-            double alongY = std::sin(angle);
+            const double runX = std::cos(angle);
+            const double runY = std::sin(angle);
+            double alongX = runX;
+            double alongY = runY;
             if (first == i) {
                 MakeSectionLinear(first, last);
             } else if (i == 0) {
@@ -143,15 +155,27 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
                                     method);
                 MakeSectionLinear(first, last);
             } else {
-                double joinX = std::cos(previous);
-                double joinY = std::sin(previous);
+                double joinX = previousX;
+                double joinY = previousY;
                 InterpolateSpline2D(points_, i, first - i + 1, joinX, joinY, alongX, alongY, control_, 3 * i,
                                     method);
                 MakeSectionLinear(first, last);
             }
+            previousX = runX;
+            previousY = runY;
             i = last;
         }
     });
+    knotOrder_ = 0;
+    if (count_ >= 2 && control_.size() >= 3 * static_cast<std::size_t>(count_) - 2) {
+        bool rising = true;
+        bool falling = true;
+        for (std::size_t k = 3; k < 3 * static_cast<std::size_t>(count_) - 2; k += 3) {
+            rising = rising && control_[k].X > control_[k - 3].X;
+            falling = falling && control_[k].X < control_[k - 3].X;
+        }
+        knotOrder_ = rising ? 1 : (falling ? -1 : 0);
+    }
 }
 
 void clsSplineFit::GetNextColinearSection(int from, double startTanX, double startTanY, double endTanX,
@@ -182,16 +206,24 @@ void clsSplineFit::GetNextColinearSection(int from, double startTanX, double sta
 
 void clsSplineFit::MakeSectionLinear(int first, int last) {
     GuardedStep("processing making section linear", [&] {
+        if (first >= last) {
+            return;
+        }
+        // One range check for the run: a straight sweep is one run of every point.
+        At(points_, first);
+        At(points_, last);
+        At(control_, controlBase_ + 3LL * first);
+        At(control_, controlBase_ + 3LL * last);
         for (int i = first; i < last; ++i) {
-            const PointDouble p = At(points_, i);
-            const PointDouble q = At(points_, i + 1);
+            const PointDouble p = points_[static_cast<std::size_t>(i)];
+            const PointDouble q = points_[static_cast<std::size_t>(i) + 1];
             const double dx = (q.X - p.X) / 3.0;
             const double dy = (q.Y - p.Y) / 3.0;
-            const long long c = controlBase_ + 3LL * i;
-            At(control_, c) = p;
-            At(control_, c + 3) = q;
-            At(control_, c + 1) = PointDouble{p.X + dx, p.Y + dy};
-            At(control_, c + 2) = PointDouble{q.X - dx, q.Y - dy};
+            PointDouble* c = control_.data() + controlBase_ + 3LL * i;
+            c[0] = p;
+            c[3] = q;
+            c[1] = PointDouble{p.X + dx, p.Y + dy};
+            c[2] = PointDouble{q.X - dx, q.Y - dy};
         }
     });
 }
@@ -202,11 +234,13 @@ int clsSplineFit::GetLastColinearPoint(int idx, double startTanX, double startTa
     GuardedStep("getting last colinear point", [&] {
         const int n = count_;
         int k = idx + 1;
-        double dx = At(points_, k).X - At(points_, idx).X;
-        double dy = At(points_, k).Y - At(points_, idx).Y;
-        angle = Atan2YX(dy, dx);
+        At(points_, idx);
+        At(points_, k);
         // A run from the first point must agree with a given start tangent.
         if (idx == 0 && (!IsUnset(startTanX) || !IsUnset(startTanY))) {
+            angle = StepAngle(idx);
+            const double dx = points_[1].X - points_[0].X;
+            const double dy = points_[1].Y - points_[0].Y;
             bool agrees = true;
             if (!IsUnset(startTanX) && !IsUnset(startTanY)) {
                 agrees = std::fabs(Atan2YX(startTanY, startTanX) - angle) <= kColinearTolerance;
@@ -220,33 +254,70 @@ int clsSplineFit::GetLastColinearPoint(int idx, double startTanX, double startTa
                 return;
             }
         }
-        double current = angle;
-        while (std::fabs(current - angle) < kColinearTolerance && k < n - 1) {
+        while (k < n - 1 && SameDirection(idx, k)) {
             const int next = k + 1;
-            dx = At(points_, next).X - At(points_, k).X;
-            dy = At(points_, next).Y - At(points_, k).Y;
-            current = Atan2YX(dy, dx);
-            if (std::fabs(current - angle) < kColinearTolerance) {
-                // A run into the last point must agree with a given end tangent.
-                if (next == n - 1 && (!IsUnset(endTanX) || !IsUnset(endTanY))) {
-                    bool agrees = true;
-                    if (!IsUnset(endTanX) && !IsUnset(endTanY)) {
-                        agrees = std::fabs(Atan2YX(endTanY, endTanX) - angle) <= kColinearTolerance;
-                    } else if (!IsUnset(endTanX)) {
-                        agrees = dx / 3.0 == endTanX;
-                    } else {
-                        agrees = dy / 3.0 == endTanY;
-                    }
-                    if (!agrees) {
-                        break;
-                    }
+            // A run into the last point must agree with a given end tangent.
+            if (next == n - 1 && (!IsUnset(endTanX) || !IsUnset(endTanY))) {
+                const double dx =
+                    points_[static_cast<std::size_t>(next)].X - points_[static_cast<std::size_t>(k)].X;
+                const double dy =
+                    points_[static_cast<std::size_t>(next)].Y - points_[static_cast<std::size_t>(k)].Y;
+                bool agrees = true;
+                if (!IsUnset(endTanX) && !IsUnset(endTanY)) {
+                    agrees = std::fabs(Atan2YX(endTanY, endTanX) - StepAngle(idx)) <= kColinearTolerance;
+                } else if (!IsUnset(endTanX)) {
+                    agrees = dx / 3.0 == endTanX;
+                } else {
+                    agrees = dy / 3.0 == endTanY;
                 }
-                k = k + 1;
+                if (!agrees) {
+                    break;
+                }
             }
+            k = next;
+        }
+        // The run's direction is wanted only when there is a run; a single step is none.
+        if (k - idx > 1) {
+            angle = StepAngle(idx);
         }
         result = k - idx;
     });
     return result;
+}
+
+double clsSplineFit::StepAngle(int i) const {
+    if (stepAngle_.size() != points_.size() - 1) {
+        stepAngle_.assign(points_.size() - 1, std::numeric_limits<double>::quiet_NaN());
+    }
+    double& angle = At(stepAngle_, i);
+    if (std::isnan(angle)) {
+        const PointDouble& p = points_[static_cast<std::size_t>(i)];
+        const PointDouble& q = points_[static_cast<std::size_t>(i) + 1];
+        angle = Atan2YX(q.Y - p.Y, q.X - p.X);
+    }
+    return angle;
+}
+
+bool clsSplineFit::SameDirection(int first, int k) const {
+    const PointDouble& a = points_[static_cast<std::size_t>(first)];
+    const PointDouble& b = points_[static_cast<std::size_t>(first) + 1];
+    const PointDouble& c = At(points_, k);
+    const PointDouble& d = At(points_, k + 1);
+    const double ux = b.X - a.X;
+    const double uy = b.Y - a.Y;
+    const double vx = d.X - c.X;
+    const double vy = d.Y - c.Y;
+    const double u2 = ux * ux + uy * uy;
+    const double v2 = vx * vx + vy * vy;
+    if (u2 > kShortestSquare && u2 < kLongestSquare && v2 > kShortestSquare && v2 < kLongestSquare) {
+        // The angles compared below differ at least by the angle between the steps, whose sine
+        // this is; a wide angle or an opposite direction settles it.
+        const double cross = ux * vy - uy * vx;
+        if (ux * vx + uy * vy <= 0.0 || cross * cross > kSurelyApart * u2 * v2) {
+            return false;
+        }
+    }
+    return std::fabs(StepAngle(k) - StepAngle(first)) < kColinearTolerance;
 }
 
 void clsSplineFit::InterpolateSpline2D(const std::vector<PointDouble>& points, int pointBase, int n,
@@ -255,11 +326,18 @@ void clsSplineFit::InterpolateSpline2D(const std::vector<PointDouble>& points, i
     GuardedStep("interpolating spline 2d", [&] {
         const long long pBase = static_cast<long long>(pointBase) + baseShift_;
         const long long cBase = static_cast<long long>(controlBase_) + controlBase;
-        auto P = [&](long long k) -> const PointDouble& { return At(points, pBase + k); };
-        auto C = [&](long long k) -> PointDouble& { return At(control, cBase + k); };
         if (n <= 0) {
             return;
         }
+        // The span's points and control points are checked once; inside they are read directly.
+        At(points, pBase);
+        At(points, pBase + n - 1);
+        At(control, cBase);
+        At(control, cBase + 3LL * (n - 1));
+        const PointDouble* const pts = points.data() + pBase;
+        PointDouble* const ctl = control.data() + cBase;
+        auto P = [pts](long long k) -> const PointDouble& { return pts[k]; };
+        auto C = [ctl](long long k) -> PointDouble& { return ctl[k]; };
         if (n == 1) {
             C(0) = P(0);
             return;
@@ -295,8 +373,11 @@ void clsSplineFit::InterpolateSpline2D(const std::vector<PointDouble>& points, i
             xRange = xHi - xLo == 0.0 ? 1.0 : xHi - xLo;
             yRange = yHi - yLo == 0.0 ? 1.0 : yHi - yLo;
         }
-        std::vector<PointDouble> delta(segments);
-        std::vector<double> h(segments);
+        InterpolationRows& work = Rows();
+        std::vector<PointDouble>& delta = work.delta;
+        std::vector<double>& h = work.h;
+        delta.resize(segments);
+        h.resize(segments);
         // Until the solve replaces them, the handles make a polyline: what a failed fit
         // leaves behind instead of stale control points.
         for (std::size_t i = 0; i < segments; ++i) {
@@ -335,25 +416,44 @@ void clsSplineFit::InterpolateSpline2D(const std::vector<PointDouble>& points, i
         const long long lastControl = 3 * static_cast<long long>(segments);
 
         // Per axis, the handle per unit spacing m[i] at each point: 1-4-1 inside whatever the
-        // spacing, a 2-1 row for a natural end and a fixed row for a given tangent.
+        // spacing, a 2-1 row for a natural end and a fixed row for a given tangent. When both axes
+        // have the same kind of ends (always with free ends) they share the matrix and are
+        // eliminated together: the same operations on the same numbers, half the divisions.
         const std::size_t rows = static_cast<std::size_t>(n);
-        std::vector<double> sub(rows), diag(rows), super(rows), rhs(rows), m(rows);
-        for (int axis = 0; axis < 2; ++axis) {
-            const double startTan = axis == 0 ? startTanX : startTanY;
-            const double endTan = axis == 0 ? endTanX : endTanY;
-            const int startFlag = axis == 0 ? kNaturalStartX : kNaturalStartY;
-            const int endFlag = axis == 0 ? kNaturalEndX : kNaturalEndY;
-            auto slope = [&](std::size_t i) { return (axis == 0 ? delta[i].X : delta[i].Y) / h[i]; };
-
+        std::vector<double>& sub = work.sub;
+        std::vector<double>& diag = work.diag;
+        std::vector<double>& super = work.super;
+        std::array<std::vector<double>, 2>& slopeRows = work.slope;
+        std::array<std::vector<double>, 2>& rhsRows = work.rhs;
+        std::array<std::vector<double>, 2>& handleRows = work.m;
+        for (std::vector<double>* row : {&sub, &diag, &super, &rhsRows[0], &rhsRows[1], &handleRows[0],
+                                         &handleRows[1], &slopeRows[0], &slopeRows[1]}) {
+            row->resize(rows);
+        }
+        // Each span's slope enters two rows; it is worked out once.
+        for (std::size_t i = 0; i < segments; ++i) {
+            slopeRows[0][i] = delta[i].X / h[i];
+            slopeRows[1][i] = delta[i].Y / h[i];
+        }
+        const double startTan[2] = {startTanX, startTanY};
+        const double endTan[2] = {endTanX, endTanY};
+        const bool naturalStart[2] = {IsUnset(startTanX) || (method & kNaturalStartX) != 0,
+                                      IsUnset(startTanY) || (method & kNaturalStartY) != 0};
+        const bool naturalEnd[2] = {IsUnset(endTanX) || (method & kNaturalEndX) != 0,
+                                    IsUnset(endTanY) || (method & kNaturalEndY) != 0};
+        auto buildRows = [&](int axis) {
+            std::vector<double>& rhs = rhsRows[static_cast<std::size_t>(axis)];
+            const std::vector<double>& slopes = slopeRows[static_cast<std::size_t>(axis)];
+            auto slope = [&](std::size_t i) { return slopes[i]; };
             sub[0] = 0.0;
-            if (IsUnset(startTan) || (method & startFlag) != 0) {
+            if (naturalStart[axis]) {
                 diag[0] = 2.0;
                 super[0] = 1.0;
                 rhs[0] = slope(0);
             } else {
                 diag[0] = 1.0;
                 super[0] = 0.0;
-                rhs[0] = startTan / 3.0;
+                rhs[0] = startTan[axis] / 3.0;
             }
             for (std::size_t i = 1; i + 1 < rows; ++i) {
                 sub[i] = 1.0;
@@ -362,16 +462,57 @@ void clsSplineFit::InterpolateSpline2D(const std::vector<PointDouble>& points, i
                 rhs[i] = slope(i - 1) + slope(i);
             }
             super[rows - 1] = 0.0;
-            if (IsUnset(endTan) || (method & endFlag) != 0) {
+            if (naturalEnd[axis]) {
                 diag[rows - 1] = 2.0;
                 sub[rows - 1] = 1.0;
                 rhs[rows - 1] = slope(rows - 2);
             } else {
                 diag[rows - 1] = 1.0;
                 sub[rows - 1] = 0.0;
-                rhs[rows - 1] = endTan / 3.0;
+                rhs[rows - 1] = endTan[axis] / 3.0;
             }
-            SolveTridiagonal(sub, diag, super, rhs, m);
+        };
+        if (naturalStart[0] == naturalStart[1] && naturalEnd[0] == naturalEnd[1]) {
+            buildRows(1);
+            buildRows(0);
+            double* const rx = rhsRows[0].data();
+            double* const ry = rhsRows[1].data();
+            double* const mx = handleRows[0].data();
+            double* const my = handleRows[1].data();
+            // The eliminated diagonal of the inner rows, 4 - 1/(the one before), soon repeats
+            // itself exactly; from then on each inner row takes the same factor and diagonal
+            // again instead of dividing for them.
+            double w = 0.0;
+            for (std::size_t i = 1; i < rows; ++i) {
+                if (i >= 3 && i + 1 < rows && diag[i - 1] == diag[i - 2]) {
+                    diag[i] = diag[i - 1];
+                } else {
+                    w = sub[i] / diag[i - 1];
+                    diag[i] -= w * super[i - 1];
+                }
+                rx[i] -= w * rx[i - 1];
+                ry[i] -= w * ry[i - 1];
+            }
+            // The two back substitutions run side by side, each carrying its last handle along.
+            double nextX = rx[rows - 1] / diag[rows - 1];
+            double nextY = ry[rows - 1] / diag[rows - 1];
+            mx[rows - 1] = nextX;
+            my[rows - 1] = nextY;
+            for (std::size_t i = rows - 1; i-- > 0;) {
+                nextX = (rx[i] - super[i] * nextX) / diag[i];
+                nextY = (ry[i] - super[i] * nextY) / diag[i];
+                mx[i] = nextX;
+                my[i] = nextY;
+            }
+        } else {
+            for (int axis = 0; axis < 2; ++axis) {
+                buildRows(axis);
+                SolveTridiagonal(sub, diag, super, rhsRows[static_cast<std::size_t>(axis)],
+                                 handleRows[static_cast<std::size_t>(axis)]);
+            }
+        }
+        for (int axis = 0; axis < 2; ++axis) {
+            const std::vector<double>& m = handleRows[static_cast<std::size_t>(axis)];
             for (std::size_t i = 0; i < segments; ++i) {
                 const long long c = 3 * static_cast<long long>(i);
                 Axis(C(c + 1), axis) = Axis(C(c), axis) + h[i] * m[i];

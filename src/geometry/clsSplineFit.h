@@ -1,5 +1,7 @@
 #pragma once
 
+#include "geometry/GeometryChecks.h"
+
 #include <cstdint>
 #include <vector>
 
@@ -50,10 +52,10 @@ public:
     std::int32_t BaseShift() const { return baseShift_; }
     void SetBaseShift(std::int32_t v) { baseShift_ = v; }
     // Input points, 0-based; an index outside 0..count-1 throws SubscriptOutOfRange.
-    double x(int i) const;
-    void SetX(int i, double v);
-    double y(int i) const;
-    void SetY(int i, double v);
+    double x(int i) const { return geometry::At(points_, i).X; }
+    void SetX(int i, double v) { geometry::At(points_, i).X = v; }
+    double y(int i) const { return geometry::At(points_, i).Y; }
+    void SetY(int i, double v) { geometry::At(points_, i).Y = v; }
 
     // Builds the control points. Exact repeats of a point are dropped first (count shrinks).
     // An unset tangent may come back filled in when its flag is in `method`.
@@ -97,11 +99,23 @@ private:
     // Tangent and curvature angles of segment `seg` at u into the slots that want them.
     void Derivatives(int seg, double u, bool extrapolate, double& tangentOut, double& curvatureOut) const;
 
+    // Direction of step i (point i to i+1) for the walk over straight runs, radians, worked out on
+    // first use: most steps of a real sweep are told apart from their neighbours without it.
+    double StepAngle(int i) const;
+    // The colinear test of the walk: step k runs in the direction of step `first` within the
+    // tolerance.
+    bool SameDirection(int first, int k) const;
+
     std::int32_t count_ = 1;
     std::int32_t baseShift_ = 0;
     std::vector<PointDouble> points_;  // count_ points
     std::vector<PointDouble> control_; // 3 * count_ - 2 points
     int controlBase_ = 0;
+    // Step directions of the walk while the control points are built (NaN: not yet worked out).
+    mutable std::vector<double> stepAngle_;
+    // +1 when the X of the control points at the input points strictly grows, -1 when it
+    // strictly falls, 0 otherwise: a query then finds its segment by halving instead of walking.
+    int knotOrder_ = 0;
 };
 
 } // namespace corvane

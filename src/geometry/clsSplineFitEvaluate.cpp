@@ -142,7 +142,11 @@ double clsSplineFit::EvalAtX2D(double x, double& tangentOut, double& curvatureOu
         const int first = controlBase_;
         const int last = controlBase_ + 3 * (count_ - 1);
         const int start = last - 3;
-        auto X = [&](int k) { return At(c, k).X; };
+        // The segment walk below reads X of every control point it passes: checked once here.
+        At(c, first);
+        At(c, last);
+        const PointDouble* const points = c.data();
+        auto X = [points](int k) { return points[k].X; };
 
         // Only the first segment decides the direction of the curve in X.
         int seg = first;
@@ -153,9 +157,24 @@ double clsSplineFit::EvalAtX2D(double x, double& tangentOut, double& curvatureOu
             } else if (x >= X(first + 3)) {
                 seg = first;
             } else if (x > X(start)) {
-                seg = start - 3;
-                while (seg > first && !(x <= X(seg) && x >= X(seg + 3))) {
-                    seg -= 3;
+                if (knotOrder_ < 0) {
+                    // The last knot at or above x, as the walk below finds it.
+                    int lo = 1;
+                    int hi = (start - first) / 3 - 1;
+                    while (lo < hi) {
+                        const int mid = (lo + hi + 1) / 2;
+                        if (X(first + 3 * mid) >= x) {
+                            lo = mid;
+                        } else {
+                            hi = mid - 1;
+                        }
+                    }
+                    seg = first + 3 * lo;
+                } else {
+                    seg = start - 3;
+                    while (seg > first && !(x <= X(seg) && x >= X(seg + 3))) {
+                        seg -= 3;
+                    }
                 }
             } else if (x > X(last)) {
                 seg = start;
@@ -170,9 +189,25 @@ double clsSplineFit::EvalAtX2D(double x, double& tangentOut, double& curvatureOu
             } else if (x >= X(start)) {
                 seg = start;
             } else if (x > X(first + 3)) {
-                seg = first + 3;
-                while (seg < start && !(X(seg) <= x && x <= X(seg + 3))) {
-                    seg += 3;
+                if (knotOrder_ > 0) {
+                    // The segment that ends at the first knot at or above x, as the walk below
+                    // finds it.
+                    int lo = 2;
+                    int hi = (start - first) / 3;
+                    while (lo < hi) {
+                        const int mid = (lo + hi) / 2;
+                        if (X(first + 3 * mid) >= x) {
+                            hi = mid;
+                        } else {
+                            lo = mid + 1;
+                        }
+                    }
+                    seg = first + 3 * (lo - 1);
+                } else {
+                    seg = first + 3;
+                    while (seg < start && !(X(seg) <= x && x <= X(seg + 3))) {
+                        seg += 3;
+                    }
                 }
             } else if (x > X(first)) {
                 seg = first;

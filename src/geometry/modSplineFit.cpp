@@ -26,36 +26,55 @@ void GrowTo(std::vector<double>& v, int m) {
 }
 
 // Loads the points from startIndex to n-1, leaving out each point whose X repeats that of the
-// point before it in the input: a zero spacing along X cannot be fitted.
+// point before it in the input: a zero spacing along X cannot be fitted. The points are counted
+// first and then go straight into the spline, which a reused spline then holds without
+// allocating.
 void LoadDistinctX(clsSplineFit& spline, int n, const std::vector<double>& xs, const std::vector<double>& ys,
                    int startIndex) {
-    std::vector<PointDouble> kept;
-    kept.push_back(PointDouble{At(xs, startIndex), At(ys, startIndex)});
+    At(xs, startIndex);
+    At(ys, startIndex);
+    std::int32_t kept = 1;
     for (long long i = static_cast<long long>(startIndex) + 1; i < n; ++i) {
         if (At(xs, i) != At(xs, i - 1)) {
-            kept.push_back(PointDouble{At(xs, i), At(ys, i)});
+            At(ys, i);
+            ++kept;
         }
     }
-    spline.SetCount(static_cast<std::int32_t>(kept.size()));
-    for (std::size_t i = 0; i < kept.size(); ++i) {
-        spline.SetX(static_cast<int>(i), kept[i].X);
-        spline.SetY(static_cast<int>(i), kept[i].Y);
+    spline.SetCount(kept);
+    int k = 0;
+    spline.SetX(k, xs[static_cast<std::size_t>(startIndex)]);
+    spline.SetY(k, ys[static_cast<std::size_t>(startIndex)]);
+    for (std::size_t i = static_cast<std::size_t>(startIndex) + 1; i < static_cast<std::size_t>(n); ++i) {
+        if (xs[i] != xs[i - 1]) {
+            ++k;
+            spline.SetX(k, xs[i]);
+            spline.SetY(k, ys[i]);
+        }
     }
 }
 
-// Fits along X with free ends and evaluates at each query.
-void Resample(clsSplineFit& spline, int m, const std::vector<double>& xq, std::vector<double>& yq) {
+// Builds the control points along X with free ends.
+void MakeControlAlongX(clsSplineFit& spline) {
     double startTanX = kSplineUnset;
     double startTanY = kSplineUnset;
     double endTanX = kSplineUnset;
     double endTanY = kSplineUnset;
     spline.MakeControlWithLinearSections(startTanX, startTanY, endTanX, endTanY,
                                          clsSplineFit::kSpacingAlongX);
+}
+
+void Evaluate(clsSplineFit& spline, int m, const std::vector<double>& xq, std::vector<double>& yq) {
     for (int j = 0; j < m; ++j) {
         double tangent = kSplineUnset;
         double curvature = kSplineUnset;
         spline.EvalAtX(At(xq, j), tangent, curvature, yq[static_cast<std::size_t>(j)]);
     }
+}
+
+// Fits along X with free ends and evaluates at each query.
+void Resample(clsSplineFit& spline, int m, const std::vector<double>& xq, std::vector<double>& yq) {
+    MakeControlAlongX(spline);
+    Evaluate(spline, m, xq, yq);
 }
 
 } // namespace
@@ -92,6 +111,44 @@ bool SplineInternalValues(int n, const std::vector<double>& xs, const std::vecto
     return ok;
 }
 
+bool OffsetQueriesWithinData(int n, const std::vector<double>& xs, const std::vector<double>& ys, int m,
+                             const std::vector<double>& xq, int startIndex) {
+    if (n <= 1) {
+        return false;
+    }
+    const std::size_t count = static_cast<std::size_t>(n);
+    if (xs.size() != count || ys.size() != count || m <= 0 || xq.size() != static_cast<std::size_t>(m)) {
+        return false;
+    }
+    if (startIndex < 0 || startIndex >= n) {
+        return false;
+    }
+    double lo = xs[static_cast<std::size_t>(startIndex)];
+    double hi = lo;
+    for (std::size_t i = static_cast<std::size_t>(startIndex); i < count; ++i) {
+        if (!std::isfinite(xs[i]) || !std::isfinite(ys[i])) {
+            return false;
+        }
+        lo = xs[i] < lo ? xs[i] : lo;
+        hi = xs[i] > hi ? xs[i] : hi;
+    }
+    // Never further than 5% of the span beyond the data: the end parabola is a guess.
+    const double margin = (hi - lo) * kOffsetMargin;
+    for (const double q : xq) {
+        if (!std::isfinite(q) || CompareDouble(q, kCompareGreater, hi + margin, 0.0) ||
+            CompareDouble(q, kCompareLess, lo - margin, 0.0)) {
+            return false;
+        }
+    }
+    return true;
+}
+
+void FitDistinctX(clsSplineFit& spline, int n, const std::vector<double>& xs, const std::vector<double>& ys,
+                  int startIndex) {
+    LoadDistinctX(spline, n, xs, ys, startIndex);
+    MakeControlAlongX(spline);
+}
+
 bool SplineOffsetValues(int n, const std::vector<double>& xs, const std::vector<double>& ys, int m,
                         const std::vector<double>& xq, std::vector<double>& yq, int startIndex) {
     bool ok = false;
@@ -106,29 +163,8 @@ bool SplineOffsetValues(int n, const std::vector<double>& xs, const std::vector<
             }
             return;
         }
-        const std::size_t count = static_cast<std::size_t>(n);
-        if (xs.size() != count || ys.size() != count || m <= 0 || xq.size() != static_cast<std::size_t>(m)) {
+        if (!OffsetQueriesWithinData(n, xs, ys, m, xq, startIndex)) {
             return;
-        }
-        if (startIndex < 0 || startIndex >= n) {
-            return;
-        }
-        double lo = xs[static_cast<std::size_t>(startIndex)];
-        double hi = lo;
-        for (std::size_t i = static_cast<std::size_t>(startIndex); i < count; ++i) {
-            if (!std::isfinite(xs[i]) || !std::isfinite(ys[i])) {
-                return;
-            }
-            lo = std::fmin(lo, xs[i]);
-            hi = std::fmax(hi, xs[i]);
-        }
-        // Never further than 5% of the span beyond the data: the end parabola is a guess.
-        const double margin = (hi - lo) * kOffsetMargin;
-        for (const double q : xq) {
-            if (!std::isfinite(q) || CompareDouble(q, kCompareGreater, hi + margin, 0.0) ||
-                CompareDouble(q, kCompareLess, lo - margin, 0.0)) {
-                return;
-            }
         }
         clsSplineFit spline;
         LoadDistinctX(spline, n, xs, ys, startIndex);

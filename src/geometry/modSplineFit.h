@@ -22,6 +22,19 @@ bool SplineInternalValues(int n, const std::vector<double>& xs, const std::vecto
 bool SplineOffsetValues(int n, const std::vector<double>& xs, const std::vector<double>& ys, int m,
                         const std::vector<double>& xq, std::vector<double>& yq, int startIndex);
 
+// The checks of SplineOffsetValues on their own, for callers that fit a curve once and query it
+// many times: at least 2 points, held exactly in xs and ys, m > 0 queries held exactly in xq,
+// startIndex within the points, every point finite, and no query more than 5% of the data's X span
+// beyond either end.
+bool OffsetQueriesWithinData(int n, const std::vector<double>& xs, const std::vector<double>& ys, int m,
+                             const std::vector<double>& xq, int startIndex);
+
+// The curve SplineOffsetValues evaluates: (xs[i], ys[i]), i from startIndex to n-1, each point
+// whose X repeats the X before it left out, fitted along X with free ends. Throws
+// SubscriptOutOfRange when the arrays are shorter than n; callers run it in their error tail.
+void FitDistinctX(clsSplineFit& spline, int n, const std::vector<double>& xs, const std::vector<double>& ys,
+                  int startIndex);
+
 // Power-basis coefficients of the segment whose first control point is `index`, for axis 0 (X)
 // or 1 (Y): value = ((a*u + b)*u + c)*u + d. With `extrapolate` the parabola through control
 // points 0, 1, 2 (index 0) or index+1 .. index+3 (any other index) at u = 0, 0.5, 1 instead.

@@ -1,0 +1,261 @@
+#include "PropertiesFixture.h"
+#include "geometry/modPropellerProperties.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace corvane::test {
+namespace {
+
+using PropertiesOnBadScans = PropertiesTest;
+
+const char* const kInsertError =
+    "An error occurred inserting points into the raw data curves. Please check the data and try again.";
+
+void ExpectShown(const ScriptedPrompts::Shown& shown, const std::string& text, const std::string& title,
+                 int icon) {
+    EXPECT_EQ(shown.kind, ScriptedPrompts::Kind::MessageBox);
+    EXPECT_EQ(shown.text, text);
+    EXPECT_EQ(shown.title, title);
+    EXPECT_EQ(shown.style, MsgBox::OKOnly | icon);
+}
+
+void ExpectUnmeasured(clsPropeller& scan, int slot, int row) {
+    SCOPED_TRACE("slot " + std::to_string(slot) + ", row " + std::to_string(row));
+    auto blade = scan.Blades(slot);
+    EXPECT_LE(blade->Section(row)->RawOffsetCount(), 1);
+    EXPECT_EQ(blade->SkewHelix(row), 0.0);
+    EXPECT_EQ(blade->Pitch(row), 0.0);
+    EXPECT_EQ(blade->Section(row)->SegmentPanelCount(), 0);
+}
+
+// A sweep of one point, one whose points all share an angle, one swept backwards from the
+// leading edge: the check leaves each with a single point, which is not measured, and the rows
+// they sit in drop out of every blade's effective angle, though only after the scan was turned.
+TEST_F(PropertiesOnBadScans, DegenerateSweepsAreLeftOutOfEveryMeasure) {
+    for (std::int16_t rotation : {0, 1}) {
+        SCOPED_TRACE("rotation " + std::to_string(rotation));
+        clsVirtualPropeller prop = ShopPropeller(rotation, 4);
+        prop.BladeOffsetDeg = {0.0, 0.5, -0.3, 0.2};
+        auto stored = SweepProject(prop, 30);
+        stored->Blades(1)->Section(2)->SetRawOffsetCount(1);
+        auto still = stored->Blades(2)->Section(5);
+        for (int i = 0; i < 30; ++i) {
+            still->SetThetaDeg(i, still->ThetaDeg(0));
+        }
+        auto back = stored->Blades(3)->Section(0);
+        for (auto get :
+             {&clsSection::RadiusArray, &clsSection::ThetaDegArray, &clsSection::AxialDropXArray}) {
+            std::vector<double> v = (*back.*get)();
+            std::reverse(v.begin(), v.end());
+            if (get == &clsSection::RadiusArray) {
+                back->SetRadiusArray(v);
+            } else if (get == &clsSection::ThetaDegArray) {
+                back->SetThetaDegArray(v);
+            } else {
+                back->SetAxialDropXArray(v);
+            }
+        }
+        auto scan = Check();
+        ASSERT_TRUE(scan);
+        EXPECT_TRUE(prompts.History().empty());
+        ExpectAllFinite(*scan);
+
+        IdealScan ideal{prop};
+        ideal.shiftRows = {0, 1, 3, 4, 5, 6, 7};
+        ideal.commonRows = {1, 3, 4, 6, 7};
+        // Virtual blades 1, 2, 3 sit in slots 3, 2, 1.
+        ExpectUnmeasured(*scan, 3, 2);
+        ExpectUnmeasured(*scan, 2, 5);
+        ExpectUnmeasured(*scan, 1, 0);
+        for (int slot = 0; slot < 4; ++slot) {
+            EXPECT_TRUE(SameAngle(scan->Blades(slot)->ISOEffectiveBladeAngleDeg(), ideal.Effective(slot)));
+            for (int k = 0; k < 8; ++k) {
+                if (scan->Blades(slot)->Section(k)->RawOffsetCount() > 1) {
+                    ExpectIdealSection(ideal, *scan, slot, k);
+                }
+            }
+            EXPECT_TRUE(Near(scan->Blades(slot)->ISOBladePitch(), 2400.0, kExact));
+            EXPECT_TRUE(Near(scan->Blades(slot)->EffectivePitch(), 2400.0, kExact));
+        }
+    }
+}
+
+TEST_F(PropertiesOnBadScans, APointGoingBackwardsIsDroppedWithoutHarm) {
+    clsVirtualPropeller prop = ShopPropeller(0, 3);
+    auto stored = SweepProject(prop, 40);
+    auto section = stored->Blades(0)->Section(1);
+    section->SetThetaDeg(20, section->ThetaDeg(17));
+    auto scan = Check();
+    ASSERT_TRUE(scan);
+    EXPECT_EQ(scan->Blades(0)->Section(1)->RawOffsetCount(), 39);
+    // Only the angles close up over the dropped point: the last drop now stands at the last
+    // angle, one step further on, and the section reads 38 steps of drop over 39 of angle.
+    EXPECT_TRUE(Near(scan->Blades(0)->Pitch(1), 2400.0 * 38.0 / 39.0, kExact));
+    EXPECT_TRUE(Near(scan->Blades(1)->Pitch(1), 2400.0, kExact));
+    ExpectAllFinite(*scan);
+}
+
+TEST_F(PropertiesOnBadScans, ZeroPitchFallsToTheFlatMeasures) {
+    for (std::int16_t rotation : {0, 1}) {
+        SCOPED_TRACE("rotation " + std::to_string(rotation));
+        clsVirtualPropeller prop = ShopPropeller(rotation, 3);
+        prop.Pitch = {{0.0, 0.0}};
+        SweepProject(prop, 30);
+        auto scan = Check();
+        ASSERT_TRUE(scan);
+        ExpectAllFinite(*scan);
+        const IdealScan ideal{prop};
+        const double mean = ideal.MeanSkew(ideal.commonRows);
+        for (int slot = 0; slot < 3; ++slot) {
+            auto blade = scan->Blades(slot);
+            for (int k = 0; k < 8; ++k) {
+                // The ends of a flat sweep are read back to the last digit or so, not exactly.
+                EXPECT_NEAR(blade->Pitch(k), 0.0, 1e-9);
+                EXPECT_TRUE(Near(blade->Chord(k), ideal.Chord(k), kExact));
+                // The flat skew is the plain mean arc, not negated and without the hand's sign.
+                EXPECT_TRUE(Near(blade->SkewHelix(k),
+                                 ideal.Sense() * (ideal.Skew(k) - mean) * gDegToRad * ideal.R(k), kExact,
+                                 ideal.R(k)));
+                EXPECT_TRUE(
+                    Near(blade->RakeAft(k), prop.GLDrop + prop.At(prop.Rake, ideal.Q(k)), kExact, 100.0));
+                for (int j = 0; j < blade->Section(k)->SegmentPanelCount(); ++j) {
+                    EXPECT_NEAR(blade->Section(k)->SegmentPanelPitch(j), 0.0, 1e-9);
+                }
+            }
+            EXPECT_NEAR(blade->ISOBladePitch(), 0.0, 1e-9);
+            EXPECT_NEAR(blade->EffectivePitch(), 0.0, 1e-9);
+        }
+        EXPECT_NEAR(scan->ISOPropellerPitch(), 0.0, 1e-9);
+        EXPECT_TRUE(prompts.History().empty());
+
+        // The exclusion zones need a nose-tail pitch to turn lengths into angles: without one the
+        // calculation stops, and nothing is said.
+        gProject->SetCupExclusionDistance(10.0);
+        EXPECT_EQ(CalculatePropellerProperties(*scan, false, true), 0);
+        EXPECT_TRUE(prompts.History().empty());
+    }
+}
+
+TEST_F(PropertiesOnBadScans, ASectionOnOneBladeHasTheSegmentOfThatBlade) {
+    clsVirtualPropeller prop = ShopPropeller(0, 4);
+    prop.BladeOffsetDeg = {0.0, 0.5, -0.3, 0.2};
+    auto stored = SweepProject(prop, 30);
+    for (int b = 1; b < 4; ++b) {
+        stored->Blades(b)->Section(7)->SetRawOffsetCount(0);
+    }
+    auto scan = Check();
+    ASSERT_TRUE(scan);
+    IdealScan ideal{prop};
+    ideal.shiftRows = ideal.commonRows = {0, 1, 2, 3, 4, 5, 6};
+    auto section = scan->Blades(0)->Section(7);
+    EXPECT_NEAR(section->SegmentThetaTE(), section->RawThetaTE(), 1e-12);
+    EXPECT_NEAR(section->SegmentThetaLE(), section->RawThetaLE(), 1e-12);
+    EXPECT_TRUE(Near(section->SegmentChord(), ideal.Chord(7), kExact));
+    for (int slot = 0; slot < 4; ++slot) {
+        for (int k = 0; k < 7; ++k) {
+            ExpectIdealSection(ideal, *scan, slot, k);
+        }
+    }
+    ExpectIdealSection(ideal, *scan, 0, 7);
+    for (int slot = 1; slot < 4; ++slot) {
+        ExpectUnmeasured(*scan, slot, 7);
+    }
+    ExpectAllFinite(*scan);
+}
+
+// With one blade empty no section row is on every blade, so no blade gets an effective angle:
+// the scan is not turned, and skew and leading edge arc are taken from angle 0.
+TEST_F(PropertiesOnBadScans, ABladeWithoutSectionsIsAskedAboutAndLeftEmpty) {
+    clsVirtualPropeller prop = ShopPropeller(0, 4);
+    prop.FirstBladeThetaDeg = 0.0;
+    prop.BladeOffsetDeg = {0.0, -180.0, -360.0, -540.0}; // each virtual blade on its slot's GL
+    auto stored = SweepProject(prop, 30);
+    for (int k = 0; k < 8; ++k) {
+        stored->Blades(2)->Section(k)->SetRawOffsetCount(0);
+    }
+    prompts.Expect(Answer::Yes, "Blade 3 has no sections. Do you wish to proceed?");
+    auto scan = Check();
+    ASSERT_TRUE(scan);
+    ASSERT_EQ(prompts.History().size(), 1u);
+    EXPECT_EQ(prompts.History()[0].title, "Scan Data Warning...");
+    ExpectAllFinite(*scan);
+    for (int slot : {0, 1, 3}) {
+        auto blade = scan->Blades(slot);
+        EXPECT_EQ(blade->ISOEffectiveBladeAngleDeg(), 0.0);
+        for (int k = 0; k < 8; ++k) {
+            const double q = kStandardRadialPositions[static_cast<std::size_t>(k)];
+            EXPECT_TRUE(Near(blade->RadialPos(k), q, kExact));
+            EXPECT_TRUE(Near(blade->Pitch(k), 2400.0, kExact));
+            EXPECT_TRUE(Near(blade->Chord(k), prop.At(prop.Chord, q), kExact));
+            EXPECT_TRUE(Near(blade->Section(k)->SegmentPanelPitch(3), 2400.0, kExact));
+        }
+    }
+    for (int k = 0; k < 8; ++k) {
+        ExpectUnmeasured(*scan, 2, k);
+    }
+    EXPECT_TRUE(Near(scan->ISOPropellerPitch(), 2400.0, kExact));
+}
+
+TEST_F(PropertiesOnBadScans, BladesWithoutACommonSegmentCannotBeResampled) {
+    clsVirtualPropeller prop = ShopPropeller(0, 2);
+    prop.BladeOffsetDeg = {0.0, 60.0}; // further off than any section is wide
+    SweepProject(prop, 30);
+    prompts.Expect(Answer::OK, kInsertError);
+    auto scan = Check(0);
+    ASSERT_TRUE(scan);
+    ASSERT_EQ(prompts.History().size(), 1u);
+    ExpectShown(prompts.History()[0], kInsertError, "Error calculating propeller properties",
+                MsgBox::Critical);
+}
+
+TEST_F(PropertiesOnBadScans, FailuresNameTheScanBladeAndSection) {
+    clsVirtualPropeller prop = ShopPropeller(0, 3);
+    SweepProject(prop, 30);
+    auto scan = Check();
+    ASSERT_TRUE(scan);
+
+    // Row 7's standard radius of 0 cannot unroll a section.
+    scan->SetScanID(27);
+    gRadialPositions[7] = 0.0;
+    prompts.Expect(Answer::Ignore, "mathematical error");
+    prompts.Expect(Answer::OK, "local pitch segments");
+    EXPECT_EQ(CalculatePropellerProperties(*scan, false, true), 0);
+    ASSERT_EQ(prompts.History().size(), 2u);
+    ExpectShown(prompts.History()[1],
+                "An error occurred calculating local pitch segments from the Scan data (Scan: AB, Blade: 1, "
+                "Section: 0.3).",
+                "Scan Data Error", MsgBox::Exclamation);
+    gRadialPositions[7] = 0.3;
+
+    // Without a diameter the section measures divide by zero.
+    prompts.Clear();
+    gProject->SetMarkedDiameter(0.0);
+    prompts.Expect(Answer::Ignore, "mathematical error");
+    prompts.Expect(Answer::OK, "section properties");
+    EXPECT_EQ(CalculatePropellerProperties(*scan, false, true), 0);
+    ASSERT_EQ(prompts.History().size(), 2u);
+    ExpectShown(prompts.History()[1],
+                "An error occurred calculating section properties from the Scan data (Scan: AB, Blade: 1, "
+                "Section: 0.95).",
+                "Scan Data Error", MsgBox::Exclamation);
+
+    // Blades of one section have no ISO blade pitch.
+    prompts.Clear();
+    gProject->SetMarkedDiameter(prop.Diameter);
+    for (int b = 0; b < 3; ++b) {
+        scan->Blades(b)->SetSectionCount(1);
+    }
+    scan->SetScanID(702);
+    prompts.Expect(Answer::OK, "ISO blade pitch");
+    EXPECT_EQ(CalculatePropellerProperties(*scan, false, true), 0);
+    ASSERT_EQ(prompts.History().size(), 1u);
+    ExpectShown(prompts.History()[0],
+                "An error occurred calculating ISO blade pitch from the Scan data (Scan: 702).",
+                "Scan Data Error", MsgBox::Exclamation);
+}
+
+} // namespace
+} // namespace corvane::test

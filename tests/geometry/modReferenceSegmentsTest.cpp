@@ -1,0 +1,112 @@
+#include "geometry/modReferenceSegments.h"
+#include "PropertiesFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace corvane::test {
+namespace {
+
+using ReferenceSegments = ScanTest;
+
+TEST_F(ReferenceSegments, ReferenceTakesTheSegmentAllScanBladesShare) {
+    for (std::int16_t rotation : {0, 1}) {
+        auto scan = NewProject(rotation, 2);
+        const double te[] = {-10.0, -9.0};
+        const double le[] = {12.0, 13.0};
+        for (int b = 0; b < 2; ++b) {
+            SetSweep(*scan, b, 3, {0.0, 1.0});
+            scan->Blades(b)->Section(3)->SetSegmentThetaTE(rotation == 0 ? te[b] : -te[b]);
+            scan->Blades(b)->Section(3)->SetSegmentThetaLE(rotation == 0 ? le[b] : -le[b]);
+        }
+        clsPropeller reference;
+        reference.SetBladeCount(3);
+        for (int b = 0; b < 3; ++b) {
+            reference.Blades(b)->SetSectionCount(8);
+            reference.Blades(b)->Section(5)->SetSegmentThetaLE(99.0);
+        }
+        ASSERT_EQ(CopySegmentLimitsToReference(reference), 1);
+        const double sense = rotation == 0 ? 1.0 : -1.0;
+        for (int b = 0; b < 3; ++b) {
+            auto s = reference.Blades(b)->Section(3);
+            EXPECT_EQ(s->SegmentThetaTE(), sense * -9.0);
+            EXPECT_EQ(s->SegmentThetaLE(), sense * 12.0);
+            EXPECT_EQ(s->SegmentThetaBCL(), sense * 1.5);
+            EXPECT_EQ(reference.Blades(b)->Section(5)->SegmentThetaLE(), 99.0) << "row without scan offsets";
+        }
+    }
+}
+
+class RebuildSection : public ServicesTest {
+protected:
+    // Segment of 20 degrees about BCL angle 0.5 and axial 5, at radius 600, four panels.
+    void SetUp() override {
+        ServicesTest::SetUp();
+        section.SetSegmentThetaTE(-9.5);
+        section.SetSegmentThetaLE(10.5);
+        section.SetSegmentThetaBCL(0.5);
+        section.SetSegmentAxialXTE(5.0 - 2000.0 * 10.0 / 360.0);
+        section.SetSegmentAxialXLE(5.0 + 2000.0 * 10.0 / 360.0);
+        section.SetSegmentAxialXBCL(5.0);
+        section.SetRawThetaTE(-12.0);
+        section.SetRawThetaLE(13.0);
+        section.SetRawAxialXTE(-60.0);
+        section.SetRawAxialXLE(70.0);
+        section.SetRawOffsetCount(30);
+        section.SetRawOffsetX(0, 3.0);
+    }
+
+    // Axial rise of a panel of `pitch` over 5 degrees.
+    static double Rise(double pitch) { return pitch * 5.0 / 360.0; }
+
+    clsSection section;
+};
+
+TEST_F(RebuildSection, PanelsOfTheNominalPitchGiveBackTheHelix) {
+    for (std::int16_t rotation : {0, 1}) {
+        SCOPED_TRACE("rotation " + std::to_string(rotation));
+        const double sense = rotation == 0 ? 1.0 : -1.0;
+        SetUp();
+        if (rotation == 1) {
+            section.SetSegmentThetaTE(10.5);
+            section.SetSegmentThetaLE(-9.5);
+        }
+        // Outer panels flatter, inner ones steeper, symmetric, so the march's mid-point is a node.
+        section.SetSegmentPanelPitchArray({1800.0, 2200.0, 2200.0, 1800.0});
+        ASSERT_EQ(RebuildSectionFromPanels(rotation, section, 600.0, 2000.0, 0.0, 0.0, 0.0, 1.0, 30.0, true),
+                  1);
+        const double half = Rise(1800.0) + Rise(2200.0);
+        EXPECT_NEAR(section.SegmentAxialXTE(), 5.0 - half, 1e-6);
+        EXPECT_NEAR(section.SegmentAxialXLE(), 5.0 + half, 1e-6);
+        EXPECT_NEAR(section.SegmentThetaTE(), 0.5 - sense * 10.0, 1e-6);
+        EXPECT_NEAR(section.SegmentThetaLE(), 0.5 + sense * 10.0, 1e-6);
+        ASSERT_EQ(section.RawOffsetCount(), 5);
+        EXPECT_EQ(section.RawOffsetX(0), 0.0);
+        const double pitches[] = {1800.0, 2200.0, 2200.0, 1800.0};
+        double drop = 5.0 - half + 1.0;
+        for (int i = 0; i <= 4; ++i) {
+            EXPECT_TRUE(SameAngle(section.ThetaDeg(i), 30.5 + sense * (5.0 * i - 10.0), 1e-6)) << i;
+            EXPECT_NEAR(section.AxialDropX(i), drop, 1e-6) << i;
+            drop += i < 4 ? Rise(pitches[i]) : 0.0;
+        }
+    }
+}
+
+TEST_F(RebuildSection, RawEndsAnchorTheStationsWithoutWrapping) {
+    section.SetSegmentPanelPitchArray({2000.0, 2000.0, 2000.0, 2000.0, 2000.0});
+    ASSERT_EQ(RebuildSectionFromPanels(0, section, 600.0, 2000.0, 0.0, 0.0, 0.0, 0.0, 350.0, false), 1);
+    ASSERT_EQ(section.RawOffsetCount(), 6);
+    EXPECT_DOUBLE_EQ(section.ThetaDeg(0), 338.0);
+    EXPECT_DOUBLE_EQ(section.ThetaDeg(5), 363.0) << "raw end plus GL, not wrapped";
+    EXPECT_DOUBLE_EQ(section.AxialDropX(0), -60.0);
+    EXPECT_DOUBLE_EQ(section.AxialDropX(5), 70.0);
+    EXPECT_NEAR(section.ThetaDeg(4), 358.0, 1e-9);
+    EXPECT_NEAR(section.AxialDropX(4), -60.0 + 4.0 * Rise(2000.0), 1e-6);
+
+    section.SetSegmentPanelCount(0);
+    EXPECT_EQ(RebuildSectionFromPanels(0, section, 600.0, 2000.0, 0.0, 0.0, 0.0, 0.0, 350.0, false), 0);
+}
+
+} // namespace
+} // namespace corvane::test
