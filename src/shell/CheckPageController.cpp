@@ -1,6 +1,9 @@
 #include "shell/CheckPageController.h"
 
 #include "geometry/modCheckScanData.h"
+#include "geometry/modLocalPitch.h"
+#include "geometry/modPropellerProperties.h"
+#include "geometry/modScanDataUtilities.h"
 #include "iso484/clsISO484.h"
 #include "iso484/modISO484.h"
 #include "iso484/modISO484Criteria.h"
@@ -36,12 +39,39 @@ int CheckReferenceSettings() {
     return 1;
 }
 
-int RunPropertyCalculations() {
-    // The section measures come with the geometry's properties driver; until it is installed
-    // there is nothing to calculate here.
-    if (!GetISOGeometrySteps().CalculatePropellerProperties) {
-        return 1;
+namespace {
+
+// The reference calculation is not part of the program yet: it reports that it cannot
+// calculate, and the pages show the scan alone.
+std::int32_t ReferenceCalculationNotBuiltYet(std::int16_t& /*useRawEnds*/) {
+    return 0;
+}
+constexpr bool kReferenceCalculationBuilt = false;
+
+// The geometry routines the ISO data calculation drives, installed once.
+void InstallGeometrySteps() {
+    if (GetISOGeometrySteps().CalculatePropellerProperties) {
+        return;
     }
+    ISOGeometrySteps steps;
+    steps.CalculatePropellerProperties = [](clsPropeller& propeller, bool panelMode, bool setSegmentLimits) {
+        return CalculatePropellerProperties(propeller, panelMode, setSegmentLimits);
+    };
+    steps.CalculateReferenceProperties = ReferenceCalculationNotBuiltYet;
+    steps.CalcLocalPitchDeviations = [](clsPropeller& scan, int blade, int section, clsPropeller& reference) {
+        return CalcLocalPitchDeviations(scan, blade, section, reference);
+    };
+    steps.CalcSectionAxialDrop = [](clsPropeller& propeller, int blade, int section, double theta,
+                                    double& result) {
+        return CalcSectionAxialDrop(propeller, blade, section, theta, result);
+    };
+    SetISOGeometrySteps(std::move(steps));
+}
+
+} // namespace
+
+int RunPropertyCalculations() {
+    InstallGeometrySteps();
     // The reference the user chose stays chosen while its calculation is missing from the
     // program; only a reference that fails its own calculation is dropped.
     const std::int16_t chosenReference = gProject->ReferenceSourceIndex();
@@ -55,7 +85,9 @@ int RunPropertyCalculations() {
     if (calculated) {
         EvaluateISOCriteria(*gISO484);
     }
-    gProject->SetReferenceSourceIndex(chosenReference);
+    if (!kReferenceCalculationBuilt) {
+        gProject->SetReferenceSourceIndex(chosenReference);
+    }
     return calculated ? 1 : 0;
 }
 
