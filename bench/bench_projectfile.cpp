@@ -1,0 +1,106 @@
+// Project files. A heavy project holds both hands: 5 right and 5 left scans of 7 blades x 8
+// sections x 2,000 points, some 2.2 million filed numbers in 560 section blocks.
+// Target: a write and a read of the heavy project take at most 200 ms each, and time grows
+// linearly with the file: the points argument halves and doubles the size of every section, so
+// the Complexity line of each group should report O(N).
+// The read includes the new project it is read into, as opening a project does.
+
+#include <benchmark/benchmark.h>
+
+#include "acquisition/clsVirtualPropeller.h"
+#include "files/modProjectCommands.h"
+#include "files/modProjectFile.h"
+#include "model/Globals.h"
+#include "model/clsCorvane.h"
+#include "model/clsPropeller.h"
+#include "support/ScriptedPrompts.h"
+#include "support/Services.h"
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <vector>
+
+using namespace corvane;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Scratch {
+    fs::path folder = fs::temp_directory_path() /
+                      ("corvane-bench-project-" +
+                       std::to_string(std::chrono::steady_clock::now().time_since_epoch().count()));
+    Scratch() { fs::create_directories(folder); }
+    ~Scratch() {
+        std::error_code ec;
+        fs::remove_all(folder, ec);
+    }
+    std::string Path() const { return (folder / "heavy.cvpj").string(); }
+};
+
+// A new project with 5 right and 5 left scans of the virtual propeller, each section swept with
+// `points` points.
+void BuildHeavyProject(int points) {
+    CreateNewProject();
+    gProject->SetProjectID("HEAVY");
+    gProject->SetCustomer("Bench");
+    gProject->SetMarkedDiameter(40);
+    gProject->SetMarkedPitch("36");
+    gProject->SetBladeCount(7);
+    clsVirtualPropeller prop;
+    prop.BladeCount = 7;
+    const std::vector<double> radii(kStandardRadialPositions.begin(), kStandardRadialPositions.end());
+    for (std::int16_t hand : {0, 1}) {
+        gProject->SetRotationIndex(hand);
+        prop.RotationIndex = hand;
+        gProject->SetPropellerScanCount(5);
+        for (int i = 0; i < 5; ++i)
+            prop.FillScan(*gProject->PropellerScan(i), radii, points);
+    }
+    gProject->SetRotationIndex(0);
+}
+
+void BM_WriteProject(benchmark::State& state) {
+    Scratch scratch;
+    BuildHeavyProject(static_cast<int>(state.range(0)));
+    for (auto _ : state) {
+        // Each save starts from no file, as a first save does: nothing to merge.
+        state.PauseTiming();
+        fs::remove(scratch.Path());
+        state.ResumeTiming();
+        if (WriteProjectFile(scratch.Path()) != 1)
+            state.SkipWithError("write failed");
+    }
+    state.SetComplexityN(state.range(0));
+    state.counters["MB"] = static_cast<double>(fs::file_size(scratch.Path())) / 1e6;
+}
+
+void BM_ReadProject(benchmark::State& state) {
+    Scratch scratch;
+    BuildHeavyProject(static_cast<int>(state.range(0)));
+    WriteProjectFile(scratch.Path());
+    for (auto _ : state) {
+        CreateNewProject();
+        if (ReadProjectFile(scratch.Path(), false) != 1)
+            state.SkipWithError("read failed");
+    }
+    state.SetComplexityN(state.range(0));
+}
+
+// Quiet services: no settings of the machine are read, no prompt waits.
+struct QuietServices {
+    ScriptedPrompts prompts;
+    QuietServices() {
+        prompts.SetAnswerFreely(true);
+        Services services;
+        services.prompts = &prompts;
+        InstallServices(services);
+    }
+} quiet;
+
+} // namespace
+
+BENCHMARK(BM_WriteProject)->Arg(1000)->Arg(2000)->Arg(4000)->Unit(benchmark::kMillisecond)->Complexity();
+BENCHMARK(BM_ReadProject)->Arg(1000)->Arg(2000)->Arg(4000)->Unit(benchmark::kMillisecond)->Complexity();
