@@ -7,6 +7,7 @@
 #include "model/Globals.h"
 #include "platform/QtServices.h"
 #include "shell/frmCorvane.h"
+#include "support/ProcessMemory.h"
 #include "support/modMain.h"
 
 #include <QApplication>
@@ -35,6 +36,7 @@ QString DemoProjectPath() {
 } // namespace
 
 int main(int argc, char** argv) {
+    corvane::PrepareAllocatorForLargeProjects();
     QApplication app(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("Corvane"));
     QCoreApplication::setApplicationName(QStringLiteral("Corvane"));

@@ -71,17 +71,19 @@ void BlockDocument::AddBlock(std::string header, std::string_view name) {
 
 BlockDocument BlockDocument::Parse(std::string_view text) {
     BlockDocument document;
-    ForEachLine(text, [&](std::string_view line) {
-        std::string_view name;
-        if (ParseHeader(line, name)) {
-            document.AddBlock(std::string(line), name);
-        } else if (document.blocks_.empty()) {
-            document.preamble_.emplace_back(line);
-        } else {
-            document.blocks_.back().lines.emplace_back(line);
-        }
-    });
+    ForEachLine(text, [&](std::string_view line) { document.AppendLine(line); });
     return document;
+}
+
+void BlockDocument::AppendLine(std::string_view line) {
+    std::string_view name;
+    if (ParseHeader(line, name)) {
+        AddBlock(std::string(line), name);
+    } else if (blocks_.empty()) {
+        preamble_.emplace_back(line);
+    } else {
+        blocks_.back().lines.emplace_back(line);
+    }
 }
 
 const std::vector<std::string>* BlockDocument::FindBlock(std::string_view name) const {
@@ -132,20 +134,24 @@ std::string BlockDocument::Serialize() const {
     }
     std::string text;
     text.reserve(total);
-    const auto put = [&text](const std::string& line) {
-        text += line;
-        text += "\r\n";
+    WriteTo([&text](std::string_view piece) { text += piece; });
+    return text;
+}
+
+void BlockDocument::WriteTo(const std::function<void(std::string_view)>& put) const {
+    const auto line = [&put](const std::string& text) {
+        put(text);
+        put("\r\n");
     };
-    for (const std::string& line : preamble_) {
-        put(line);
+    for (const std::string& text : preamble_) {
+        line(text);
     }
     for (const Block& block : blocks_) {
-        put(block.header);
-        for (const std::string& line : block.lines) {
-            put(line);
+        line(block.header);
+        for (const std::string& text : block.lines) {
+            line(text);
         }
     }
-    return text;
 }
 
 } // namespace corvane

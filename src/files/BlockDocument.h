@@ -5,6 +5,7 @@
 // lines as read; the file is written back with CR LF after every line.
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,6 +19,9 @@ public:
     // blanks aside, starts with "[" and holds a "]"; its name is the trimmed text between them.
     static BlockDocument Parse(std::string_view text);
 
+    // Adds one line read from a file (without its line end), as Parse does with each.
+    void AppendLine(std::string_view line);
+
     // The lines of the first block of that name, compared without regard to ASCII case and
     // surrounding blanks, blank lines included; nullptr when there is no such block.
     const std::vector<std::string>* FindBlock(std::string_view name) const;
@@ -28,6 +32,8 @@ public:
 
     // The file text: every line followed by CR LF.
     std::string Serialize() const;
+    // The same text, handed over a piece at a time.
+    void WriteTo(const std::function<void(std::string_view)>& put) const;
 
     std::size_t BlockCount() const { return blocks_.size(); }
 

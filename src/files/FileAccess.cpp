@@ -53,23 +53,34 @@ bool ReadFileBytes(const fs::path& path, std::string& bytes) {
     if (!file) {
         return false;
     }
+    // Straight into the string at the size the file says it has; a file that grows meanwhile
+    // is read on to its end.
     std::error_code ec;
     const std::uintmax_t expected = fs::file_size(path, ec);
-    if (!ec) {
-        bytes.reserve(static_cast<std::size_t>(expected));
+    std::size_t filled = 0;
+    if (!ec && expected > 0) {
+        bytes.resize(static_cast<std::size_t>(expected));
+        filled = std::fread(bytes.data(), 1, bytes.size(), file.get());
+        bytes.resize(filled);
     }
-    char buffer[1 << 16];
-    for (;;) {
-        const std::size_t got = std::fread(buffer, 1, sizeof buffer, file.get());
-        bytes.append(buffer, got);
-        if (got < sizeof buffer) {
-            break;
+    if (filled == static_cast<std::size_t>(expected)) {
+        char buffer[1 << 16];
+        for (;;) {
+            const std::size_t got = std::fread(buffer, 1, sizeof buffer, file.get());
+            bytes.append(buffer, got);
+            if (got < sizeof buffer) {
+                break;
+            }
         }
     }
     return std::ferror(file.get()) == 0;
 }
 
 bool WriteFileAtomically(const fs::path& path, std::string_view bytes) {
+    return WriteFileAtomically(path, [bytes](const ByteSink& sink) { return sink(bytes); });
+}
+
+bool WriteFileAtomically(const fs::path& path, const ByteProducer& produce) {
     static unsigned long counter = 0;
     const fs::path folder = path.parent_path().empty() ? fs::path(".") : path.parent_path();
     fs::path temporary;
@@ -85,8 +96,11 @@ bool WriteFileAtomically(const fs::path& path, std::string_view bytes) {
     if (!file) {
         return false;
     }
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-                         std::fflush(file.get()) == 0;
+    std::FILE* stream = file.get();
+    const ByteSink sink = [stream](std::string_view piece) {
+        return std::fwrite(piece.data(), 1, piece.size(), stream) == piece.size();
+    };
+    const bool written = produce(sink) && std::fflush(stream) == 0;
     const bool closed = std::fclose(file.release()) == 0;
     if (!written || !closed) {
         fs::remove(temporary, ec);

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -31,5 +32,12 @@ bool ReadFileBytes(const std::filesystem::path& path, std::string& bytes);
 // sees either the old file or the new one, never a half-written one. The target's permissions
 // are kept. On failure the old file is untouched, the new one removed, and the result false.
 bool WriteFileAtomically(const std::filesystem::path& path, std::string_view bytes);
+
+// The same, with the bytes handed over piece by piece: `produce` calls the sink with each
+// piece and returns false to abandon the write (the sink's own result says whether the piece
+// was written). A large file never has to stand whole in memory.
+using ByteSink = std::function<bool(std::string_view)>;
+using ByteProducer = std::function<bool(const ByteSink&)>;
+bool WriteFileAtomically(const std::filesystem::path& path, const ByteProducer& produce);
 
 } // namespace corvane

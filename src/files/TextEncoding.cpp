@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include <utility>
+
 namespace corvane {
 
 namespace {
@@ -88,13 +90,20 @@ std::string Windows1252ToUtf8(std::string_view bytes) {
 }
 
 std::string DecodeFileText(std::string_view bytes) {
+    std::string storage;
+    const std::string_view text = DecodeFileText(bytes, storage);
+    return text.data() == storage.data() ? std::move(storage) : std::string(text);
+}
+
+std::string_view DecodeFileText(std::string_view bytes, std::string& storage) {
     if (bytes.substr(0, kBom.size()) == kBom) {
         bytes.remove_prefix(kBom.size());
     }
     if (IsValidUtf8(bytes)) {
-        return std::string(bytes);
+        return bytes;
     }
-    return Windows1252ToUtf8(bytes);
+    storage = Windows1252ToUtf8(bytes);
+    return storage;
 }
 
 } // namespace corvane

@@ -19,5 +19,8 @@ std::string Windows1252ToUtf8(std::string_view bytes);
 // File bytes to UTF-8 text: a leading UTF-8 BOM is dropped, valid UTF-8 is kept as it is, and
 // anything else is read as Windows-1252.
 std::string DecodeFileText(std::string_view bytes);
+// The same text without a copy where none is needed: a view into `bytes` when they are UTF-8
+// already, otherwise a view of `storage`, which receives the converted text.
+std::string_view DecodeFileText(std::string_view bytes, std::string& storage);
 
 } // namespace corvane

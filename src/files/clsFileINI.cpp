@@ -1,10 +1,14 @@
 #include "files/clsFileINI.h"
+#include "files/BlockFileReader.h"
+#include "files/ChunkedOutput.h"
+#include "files/FileAccess.h"
 #include "files/TextEncoding.h"
 
 #include "model/CorvaneError.h"
 #include "model/NumberText.h"
 #include "model/modUtilities.h"
 
+#include <algorithm>
 #include <chrono>
 #include <functional>
 #include <unordered_map>
@@ -31,8 +35,30 @@ BlockDocument* OpenBatchFor(const std::string& key) {
     return found == batches.end() ? nullptr : found->second.get();
 }
 
-std::size_t HashOf(std::string_view bytes) {
-    return std::hash<std::string_view>{}(bytes);
+// A batch starts out sharing the parsed file with the cache, so a reader's snapshot costs no
+// copy of a large project; the first block written into it gets the batch its own copy.
+BlockDocument* WritableBatchFor(const std::string& key) {
+    auto& batches = OpenBatches();
+    const auto found = batches.find(key);
+    if (found == batches.end()) {
+        return nullptr;
+    }
+    if (found->second.use_count() > 1) {
+        found->second = std::make_shared<BlockDocument>(*found->second);
+    }
+    return found->second.get();
+}
+
+// Writes the document straight from its lines, hashing it on the way; `hash` gets the hash of
+// the file as it will be read back.
+bool WriteDocument(const std::string& key, const BlockDocument& document, std::size_t& hash) {
+    return WriteFileAtomically(key, [&](const ByteSink& sink) {
+        ChunkedOutput output(sink);
+        document.WriteTo([&output](std::string_view piece) { output.Append(piece); });
+        const bool ok = output.Finish();
+        hash = output.Hash();
+        return ok;
+    });
 }
 
 // The historic Trim: blanks only.
@@ -130,13 +156,22 @@ clsFileINI::LoadResult clsFileINI::LoadDocument(const std::string& key, const fs
     if (sameFile && cache_.stamp == stamp && stamp.modified + kRacyWindow < cache_.verifiedAt) {
         return LoadResult::Loaded;
     }
-    std::string bytes;
-    if (!ReadFileBytes(path, bytes)) {
-        return LoadResult::Unreadable;
+    // A file we hold parsed may be unchanged though its time stamp cannot prove it: a first pass
+    // that only hashes spares the parse when the bytes are the same.
+    BlockFileReader reader;
+    std::size_t hash = 0;
+    if (sameFile) {
+        if (!reader.Read(path, false)) {
+            return LoadResult::Unreadable;
+        }
+        hash = reader.Hash();
     }
-    const std::size_t hash = HashOf(bytes);
     if (!(sameFile && cache_.contentHash == hash)) {
-        cache_.document = std::make_shared<BlockDocument>(BlockDocument::Parse(DecodeFileText(bytes)));
+        if (!reader.Read(path, true)) {
+            return LoadResult::Unreadable;
+        }
+        hash = reader.Hash();
+        cache_.document = reader.Document();
     }
     cache_.key = key;
     cache_.stamp = stamp;
@@ -178,7 +213,7 @@ int clsFileINI::WriteBlock(const std::string& block, const std::string& filePath
         return 0;
     }
     const std::string key = NormalizedPath(filePath);
-    if (BlockDocument* batch = OpenBatchFor(key)) {
+    if (BlockDocument* batch = WritableBatchFor(key)) {
         batch->ReplaceBlock(block, std::move(lines));
         return 1;
     }
@@ -194,13 +229,13 @@ int clsFileINI::WriteBlock(const std::string& block, const std::string& filePath
         break;
     }
     document->ReplaceBlock(block, std::move(lines));
-    const std::string bytes = document->Serialize();
     const auto before = fs::file_time_type::clock::now();
-    if (!WriteFileAtomically(key, bytes)) {
+    std::size_t hash = 0;
+    if (!WriteDocument(key, *document, hash)) {
         cache_ = CachedFile{}; // the parsed copy holds the block the file did not get
         return 0;
     }
-    cache_ = CachedFile{key, StampOf(key), HashOf(bytes), before, std::move(document)};
+    cache_ = CachedFile{key, StampOf(key), hash, before, std::move(document)};
     return 1;
 }
 
@@ -220,7 +255,7 @@ int clsFileINI::BeginBatch(const std::string& filePath) {
         document = std::make_shared<BlockDocument>();
         break;
     case LoadResult::Loaded:
-        document = std::make_shared<BlockDocument>(*cache_.document);
+        document = cache_.document;
         break;
     }
     OpenBatches().emplace(key, std::move(document));
@@ -234,12 +269,12 @@ int clsFileINI::CommitBatch() {
     }
     auto& batches = OpenBatches();
     const auto found = batches.find(batchKey_);
-    const std::string bytes = found->second->Serialize();
     const auto before = fs::file_time_type::clock::now();
-    if (!WriteFileAtomically(batchKey_, bytes)) {
+    std::size_t hash = 0;
+    if (!WriteDocument(batchKey_, *found->second, hash)) {
         return 0;
     }
-    cache_ = CachedFile{batchKey_, StampOf(batchKey_), HashOf(bytes), before, std::move(found->second)};
+    cache_ = CachedFile{batchKey_, StampOf(batchKey_), hash, before, std::move(found->second)};
     batches.erase(found);
     batchKey_.clear();
     return 1;
@@ -252,14 +287,18 @@ void clsFileINI::DiscardBatch() {
     }
 }
 
-std::size_t clsFileINI::GetTagValue(const std::string& tag, std::string& value) {
+std::string_view clsFileINI::TagValueView(const std::string& tag) {
     tagIndex_.Extend(lines_);
-    value.clear(); // the default: a missing tag reads as empty
     const std::size_t found = tagIndex_.Find(lines_, tag);
-    if (found != TagIndex::npos) {
-        const std::string_view line = lines_[found];
-        value = TrimSpaces(line.substr(line.find('=') + 1));
+    if (found == TagIndex::npos) {
+        return {}; // a missing tag reads as empty
     }
+    const std::string_view line = lines_[found];
+    return TrimSpaces(line.substr(line.find('=') + 1));
+}
+
+std::size_t clsFileINI::GetTagValue(const std::string& tag, std::string& value) {
+    value = TagValueView(tag);
     // Never 0: callers cannot tell a missing tag from an empty one, and old files without newer
     // tags read cleanly.
     return value.empty() ? 1 : value.size();
@@ -388,14 +427,24 @@ void clsFileINI::SetIntegerToBlockTag(const std::string& tag, std::int16_t value
 
 int clsFileINI::GetFloatArrayFromBlockTag(const std::string& tag, std::vector<double>& values,
                                           bool& errorFlag, std::string& errorText) {
-    std::vector<std::string> parts;
-    const int count = GetStringArrayFromBlockTag(tag, parts, errorFlag, errorText, ",");
+    // GetTagValue never reports a missing tag, so neither does this. Split as SplitList splits,
+    // without a string per element: a section holds thousands.
+    (void)errorFlag;
+    (void)errorText;
+    const std::string_view text = TagValueView(tag);
     values.clear();
-    values.reserve(parts.size());
-    for (const std::string& part : parts) {
-        values.push_back(ParseLeadingNumber(part));
+    values.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), ',')) + 1);
+    std::size_t start = 0;
+    for (;;) {
+        const std::size_t hit = text.find(',', start);
+        values.push_back(
+            ParseLeadingNumber(text.substr(start, hit == std::string_view::npos ? hit : hit - start)));
+        if (hit == std::string_view::npos) {
+            break;
+        }
+        start = hit + 1;
     }
-    return count;
+    return static_cast<int>(values.size());
 }
 
 void clsFileINI::SetFloatArrayToBlockTag(const std::string& tag, int count, const std::vector<double>& values,
@@ -404,16 +453,18 @@ void clsFileINI::SetFloatArrayToBlockTag(const std::string& tag, int count, cons
         AddError(errorFlag, errorText, "\r\n" + tag + " tag error.");
         return;
     }
-    std::string joined;
+    // The line is built in place: a section's arrays run to tens of kilobytes.
+    std::string line;
+    line.reserve(tag.size() + 1 + static_cast<std::size_t>(count) * 12);
+    line += tag;
+    line.push_back('=');
     for (int i = 0; i < count; ++i) {
         if (i > 0) {
-            joined.push_back(',');
+            line.push_back(',');
         }
-        joined += FormatFileFloat(RoundSignificant(values[static_cast<std::size_t>(i)], 9));
+        AppendRoundedFileFloat(line, values[static_cast<std::size_t>(i)], 9);
     }
-    if (!SetTagValue(tag, joined)) {
-        AddError(errorFlag, errorText, "\r\n" + tag + " tag error.");
-    }
+    lines_.push_back(std::move(line));
 }
 
 int clsFileINI::GetIntegerArrayFromBlockTag(const std::string& tag, std::vector<std::int16_t>& values,

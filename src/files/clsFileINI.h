@@ -141,6 +141,9 @@ private:
     // its length, but 1 for an empty value.
     std::size_t GetTagValue(const std::string& tag, std::string& value);
     bool SetTagValue(const std::string& tag, const std::string& value);
+    // The trimmed value of the first line of that tag in the loaded block, empty when there is
+    // none; valid until the lines change.
+    std::string_view TagValueView(const std::string& tag);
 
     LoadResult LoadDocument(const std::string& key, const std::filesystem::path& path);
 

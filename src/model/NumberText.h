@@ -25,6 +25,11 @@ DecimalDigits ToDecimalDigits(double value, int significant = 15);
 // from 15 on takes the exponent form with a signed exponent of at least two digits: "1.5E-05",
 // "1E+15". Non-finite values, which a file never should hold, are written "NaN", "Inf", "-Inf".
 std::string FormatFileFloat(double value);
+// The same text appended to `out`.
+void AppendFileFloat(std::string& out, double value);
+// Lays out a decimal the way FormatFileFloat does: `digits` (1 to 17, no trailing zeros, first
+// not 0) times 10^exponent, with a leading "-" when negative.
+void AppendFileDecimal(std::string& out, bool negative, std::string_view digits, int exponent);
 
 // A whole number as the files hold it: plain decimal digits, "-" for negatives.
 std::string FormatFileInteger(long long value);

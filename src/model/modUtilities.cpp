@@ -5,6 +5,8 @@
 #include "model/NumberFormat.h"
 #include "model/NumberText.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -30,6 +32,19 @@ double RoundHalfUp(double x) {
     return std::floor(x + 0.5) > whole ? whole + 1.0 : whole;
 }
 
+// 10^0 to 10^22: every one of them is exact in a double, so the table gives the very values
+// std::pow gives, without its cost on the path every filed number takes.
+constexpr std::array<double, 23> kExactPowersOfTen = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                      1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                                      1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+double TenToThe(int power) {
+    if (power >= 0 && power < static_cast<int>(kExactPowersOfTen.size())) {
+        return kExactPowersOfTen[static_cast<std::size_t>(power)];
+    }
+    return std::pow(10.0, power);
+}
+
 // 10^power for power >= 0, split in two factors where one would overflow (only denormal inputs
 // ask for more than 10^308).
 void PowerOfTen(int power, double& first, double& second) {
@@ -37,7 +52,7 @@ void PowerOfTen(int power, double& first, double& second) {
         first = 1e300;
         second = std::pow(10.0, power - 300);
     } else {
-        first = std::pow(10.0, power);
+        first = TenToThe(power);
         second = 1.0;
     }
 }
@@ -129,13 +144,66 @@ double RoundSignificant(double value, int digits, std::string* format) {
             *format = "#########0";
         }
     } else {
-        const double scale = std::pow(10.0, e - digits);
+        const double scale = TenToThe(e - digits);
         r = RoundHalfUp(x / scale) * scale;
         if (format != nullptr) {
             *format = "#########0";
         }
     }
     return sign * r;
+}
+
+// floor(Log10(x)) + 1 for x > 0, as RoundSignificant counts the digits before the point. Away
+// from the powers of ten the historic logarithm cannot land on the wrong side of a whole number
+// (its error is below 1e-13 where these magnitudes are concerned), so a look-up in the table of
+// powers gives the same count without the logarithm; close to a power of ten the logarithm
+// itself decides.
+int DigitsBeforePoint(double x) {
+    static constexpr std::array<double, 61> kPowers = {
+        1e-30, 1e-29, 1e-28, 1e-27, 1e-26, 1e-25, 1e-24, 1e-23, 1e-22, 1e-21, 1e-20, 1e-19, 1e-18,
+        1e-17, 1e-16, 1e-15, 1e-14, 1e-13, 1e-12, 1e-11, 1e-10, 1e-9,  1e-8,  1e-7,  1e-6,  1e-5,
+        1e-4,  1e-3,  1e-2,  1e-1,  1e0,   1e1,   1e2,   1e3,   1e4,   1e5,   1e6,   1e7,   1e8,
+        1e9,   1e10,  1e11,  1e12,  1e13,  1e14,  1e15,  1e16,  1e17,  1e18,  1e19,  1e20,  1e21,
+        1e22,  1e23,  1e24,  1e25,  1e26,  1e27,  1e28,  1e29,  1e30};
+    constexpr double kMargin = 1e-12;
+    if (x >= kPowers.front() * (1.0 + kMargin) && x < kPowers.back() * (1.0 - kMargin)) {
+        // The first power above x: x lies in [10^d, 10^(d+1)).
+        const auto above = std::upper_bound(kPowers.begin(), kPowers.end(), x);
+        const double upper = *above;
+        const double lower = *(above - 1);
+        if (x >= lower * (1.0 + kMargin) && x < upper * (1.0 - kMargin)) {
+            return static_cast<int>(above - kPowers.begin()) - 30;
+        }
+    }
+    return static_cast<int>(std::floor(Log10(x))) + 1;
+}
+
+void AppendRoundedFileFloat(std::string& out, double value, int digits) {
+    // The rounded value is N / 10^k for a whole N of at most 10 digits. Where both N and 10^k
+    // are exact doubles the quotient is the double nearest that decimal, and a decimal of at
+    // most 15 digits survives the trip to a double and back: the digits of N are the text.
+    // Anything else (huge or denormal magnitudes, zero, non-finite) takes the long way.
+    if (value != 0.0 && std::isfinite(value) && digits >= 1 && digits <= 15) {
+        const double x = std::fabs(value);
+        const int e = DigitsBeforePoint(x);
+        const int k = digits - e;
+        if (k >= 0 && k < static_cast<int>(kExactPowersOfTen.size())) {
+            const double n = RoundHalfUp(x * kExactPowersOfTen[static_cast<std::size_t>(k)]);
+            if (n >= 1.0 && n < 1e15) {
+                char buffer[24];
+                const auto written =
+                    std::to_chars(buffer, buffer + sizeof buffer, static_cast<unsigned long long>(n));
+                std::size_t count = static_cast<std::size_t>(written.ptr - buffer);
+                const int exponent = static_cast<int>(count) - 1 - k;
+                while (count > 1 && buffer[count - 1] == '0') {
+                    --count;
+                }
+                AppendFileDecimal(out, value < 0.0, std::string_view(buffer, count), exponent);
+                return;
+            }
+        }
+    }
+    AppendFileFloat(out, RoundSignificant(value, digits));
 }
 
 std::string FormatPoint(double value, std::string_view format) {

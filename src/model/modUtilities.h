@@ -31,6 +31,10 @@ std::int32_t ShiftLeft(std::int32_t value, int bits);
 // values come back unchanged.
 double RoundSignificant(double value, int digits, std::string* format = nullptr);
 
+// Appends FormatFileFloat(RoundSignificant(value, digits)) to `out`, byte for byte, without
+// formatting the rounded double a second time: the path of every number a project file holds.
+void AppendRoundedFileFloat(std::string& out, double value, int digits);
+
 // Formats the value by a format string of the historic kind ("0.0000", "#########0", "0.0#",
 // "0.0%", "#R"), then replaces "," by "." and trims: the one way numbers go into exported
 // text. The output never depends on the locale. An empty format gives the general form.

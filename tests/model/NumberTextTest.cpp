@@ -6,7 +6,9 @@
 #include <clocale>
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -74,6 +76,55 @@ TEST(NumberText, EveryFileFloatReadsBackExactlyAtFifteenDigits) {
         const double back = ParseLeadingNumber(FormatFileFloat(v));
         EXPECT_EQ(FormatFileFloat(back), FormatFileFloat(v)) << v;
         EXPECT_NEAR(back, v, std::abs(v) * 1e-14) << v;
+    }
+}
+
+// Plain file numbers take a shortcut; it must read exactly what the full scan reads.
+TEST(NumberText, PlainNumbersReadLikeTheFullScan) {
+    std::vector<std::string> texts = {"0",        "-0",
+                                      "-.0",      ".5",
+                                      "5.",       "-.5",
+                                      "1.5E-05",  "1E+15",
+                                      "1e400",    "-1e400",
+                                      "1e-400",   "4.9E-324",
+                                      "2.4E-324", "1.7976931348623157E+308",
+                                      "00012.50", "1.",
+                                      "-",        ".",
+                                      "E5",       "1E",
+                                      "1E+",      "1.2.3",
+                                      "1E99999",  "12345678901234567890123"};
+    std::mt19937_64 random(1);
+    std::uniform_int_distribution<int> length(1, 18);
+    std::uniform_int_distribution<int> digit(0, 9);
+    std::uniform_int_distribution<int> exponent(-330, 330);
+    for (int i = 0; i < 20000; ++i) {
+        std::string text = i % 2 != 0 ? "-" : "";
+        const int n = length(random);
+        const int point = length(random) % (n + 1);
+        for (int j = 0; j < n; ++j) {
+            if (j == point)
+                text += '.';
+            text += static_cast<char>('0' + digit(random));
+        }
+        if (i % 3 == 0)
+            text += "E" + std::to_string(exponent(random));
+        texts.push_back(text);
+    }
+    for (const std::string& text : texts) {
+        double scanned = 0.0;
+        bool overflow = false;
+        try {
+            scanned = ScanNumber(text, '.', true).value;
+        } catch (const CorvaneError&) {
+            overflow = true;
+        }
+        if (overflow) {
+            EXPECT_THROW(ParseLeadingNumber(text), CorvaneError) << text;
+            continue;
+        }
+        const double read = ParseLeadingNumber(text);
+        EXPECT_EQ(std::signbit(read), std::signbit(scanned)) << text;
+        EXPECT_EQ(read, scanned) << text;
     }
 }
 

@@ -1,11 +1,13 @@
 #include "model/modUtilities.h"
 #include "model/CorvaneError.h"
 #include "model/Globals.h"
+#include "model/NumberText.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -49,6 +51,53 @@ TEST_F(modUtilities, RoundSignificantReportsTheFormatOfTheDigitsKept) {
     // Log(1000) / Log(10) lies just below 3, so 1000 keeps one decimal more; the value stays.
     EXPECT_DOUBLE_EQ(RoundSignificant(1000.0, 4, &format), 1000.0);
     EXPECT_EQ(format, "#########0.0");
+}
+
+// The fast path that files every number must write what rounding then formatting writes.
+TEST_F(modUtilities, RoundedFileFloatMatchesRoundingThenFormatting) {
+    std::vector<double> values = {0.0,
+                                  -0.0,
+                                  1.0,
+                                  1000.0,
+                                  0.001,
+                                  999999999.5,
+                                  12345.6789012,
+                                  -2.675,
+                                  1e-5,
+                                  1.5e-5,
+                                  9.9999999996e-5,
+                                  123456789012.0,
+                                  1e300,
+                                  5e-324,
+                                  -1e-310,
+                                  0.5,
+                                  99999.99995,
+                                  std::numeric_limits<double>::infinity(),
+                                  std::numeric_limits<double>::quiet_NaN()};
+    std::mt19937_64 random(484);
+    std::uniform_real_distribution<double> mantissa(-10.0, 10.0);
+    std::uniform_int_distribution<int> exponent(-12, 14);
+    for (int i = 0; i < 20000; ++i) {
+        values.push_back(mantissa(random) * std::pow(10.0, exponent(random)));
+    }
+    // Next to the powers of ten the count of digits before the point is decided by a hair.
+    for (int p = -32; p <= 32; ++p) {
+        double x = std::pow(10.0, p);
+        for (int step = 0; step < 4; ++step) {
+            values.push_back(x);
+            values.push_back(std::nextafter(x, 0.0));
+            x = std::nextafter(x, 1e300);
+        }
+        values.push_back(std::pow(10.0, p) * (1.0 + 1e-12));
+        values.push_back(std::pow(10.0, p) * (1.0 - 1e-12));
+    }
+    for (const double v : values) {
+        for (const int digits : {1, 6, 9, 12, 15}) {
+            std::string fast;
+            AppendRoundedFileFloat(fast, v, digits);
+            ASSERT_EQ(fast, FormatFileFloat(RoundSignificant(v, digits))) << v << " at " << digits;
+        }
+    }
 }
 
 TEST_F(modUtilities, CompareDoubleModesAndTwelveDigitRounding) {

@@ -1,0 +1,105 @@
+#include "files/BlockFileReader.h"
+
+#include "files/ChunkedOutput.h"
+#include "files/FileAccess.h"
+#include "files/TextEncoding.h"
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view kBom = "\xEF\xBB\xBF";
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+} // namespace
+
+bool BlockFileReader::Read(const std::filesystem::path& path, bool parse) {
+    hash_ = 0;
+    document_.reset();
+    const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.string().c_str(), "rb"));
+    if (!file) {
+        return false;
+    }
+    ChunkedOutput hasher(nullptr);
+    auto document = parse ? std::make_shared<BlockDocument>() : nullptr;
+    std::vector<char> chunk(ChunkedOutput::kChunkSize);
+    std::string pending; // the start of a line that runs on into the next chunk
+    bool first = true;
+    bool utf8 = true;
+    const auto take = [&](std::string_view line) {
+        if (!line.empty() && line.back() == '\r') {
+            line.remove_suffix(1);
+        }
+        if (utf8 && !IsValidUtf8(line)) {
+            utf8 = false;
+        }
+        if (utf8) {
+            document->AppendLine(line);
+        }
+    };
+    for (;;) {
+        const std::size_t got = std::fread(chunk.data(), 1, chunk.size(), file.get());
+        std::string_view bytes(chunk.data(), got);
+        hasher.Append(bytes);
+        if (parse && first && got > 0) {
+            if (bytes.substr(0, kBom.size()) == kBom) {
+                bytes.remove_prefix(kBom.size());
+            }
+            first = false;
+        }
+        while (parse && utf8 && !bytes.empty()) {
+            const std::size_t end = bytes.find('\n');
+            if (end == std::string_view::npos) {
+                pending.append(bytes);
+                break;
+            }
+            if (pending.empty()) {
+                take(bytes.substr(0, end));
+            } else {
+                pending.append(bytes.substr(0, end));
+                take(pending);
+                pending.clear();
+            }
+            bytes.remove_prefix(end + 1);
+        }
+        if (got < chunk.size()) {
+            break;
+        }
+    }
+    if (std::ferror(file.get()) != 0) {
+        return false;
+    }
+    hasher.Finish();
+    hash_ = hasher.Hash();
+    if (parse && utf8 && !pending.empty()) {
+        take(pending);
+    }
+    if (parse && !utf8) {
+        return ReadWholeAsWindows1252(path, parse);
+    }
+    document_ = std::move(document);
+    return true;
+}
+
+bool BlockFileReader::ReadWholeAsWindows1252(const std::filesystem::path& path, bool parse) {
+    std::string bytes;
+    if (!ReadFileBytes(path, bytes)) {
+        return false;
+    }
+    hash_ = ChunkedOutput::HashOf(bytes);
+    if (parse) {
+        std::string converted;
+        document_ = std::make_shared<BlockDocument>(BlockDocument::Parse(DecodeFileText(bytes, converted)));
+    }
+    return true;
+}
+
+} // namespace corvane
