@@ -6,6 +6,7 @@
 #include "files/modSettings.h"
 #include "model/Globals.h"
 #include "platform/QtServices.h"
+#include "shell/FileCommands.h"
 #include "shell/frmCorvane.h"
 #include "support/ProcessMemory.h"
 #include "support/modMain.h"
@@ -16,6 +17,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QPixmap>
+#include <QScreen>
+#include <QTimer>
 
 #include <memory>
 
@@ -46,8 +50,13 @@ int main(int argc, char** argv) {
     parser.addHelpOption();
     QCommandLineOption demo(QStringLiteral("demo"), QStringLiteral("Start on the built-in demo."));
     QCommandLineOption office(QStringLiteral("office"), QStringLiteral("Run as an office station (no arm)."));
+    QCommandLineOption screenshot(QStringLiteral("screenshot"),
+                                  QStringLiteral("Save a picture of the main window to <file> once it is "
+                                                 "shown, then quit."),
+                                  QStringLiteral("file"));
     parser.addOption(demo);
     parser.addOption(office);
+    parser.addOption(screenshot);
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Project file to open."));
     parser.process(app);
 
@@ -99,6 +108,22 @@ int main(int argc, char** argv) {
             corvane::BuildDemoProject();
         }
     }
-    window->UpdateTitle();
+    window->Files().ShowNewProject();
+    if (parser.isSet(screenshot)) {
+        // What the screen shows of the window (a real grab from the display server), after the
+        // event loop has had time to lay out and paint it; the window's own rendering where the
+        // platform cannot grab the screen.
+        const QString target = parser.value(screenshot);
+        QTimer::singleShot(1500, &app, [&app, &window, target] {
+            QPixmap picture;
+            if (QScreen* screen = window->screen()) {
+                picture = screen->grabWindow(window->winId());
+            }
+            if (picture.isNull()) {
+                picture = window->grab();
+            }
+            app.exit(picture.save(target, "PNG") ? 0 : 3);
+        });
+    }
     return app.exec();
 }

@@ -46,12 +46,14 @@ public:
     using ProjectIDDialog = std::function<void()>;
     void SetProjectIDDialog(ProjectIDDialog dialog) { projectIDDialog_ = std::move(dialog); }
 
+    // After the project was replaced (also from outside the window, as at start-up): the
+    // Project page, refreshed, the title and the blade buttons.
+    void ShowNewProject();
+
 private:
     void OpenLibrary(bool archive);
     void ShowLibraryDialog(bool archive);
     void ShowProjectIDDialog();
-    // After the project was replaced: the Project page, refreshed, and the blade buttons.
-    void ShowNewProject();
 
     frmCorvane& window_;
     LibraryDialog libraryDialog_;

@@ -1,0 +1,54 @@
+// Starts the corvane program on its demo project in a virtual X server, as a technician would
+// see it, and checks the picture of its main window is a window and not a blank rectangle.
+
+#include "common/ServicesFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QStandardPaths>
+#include <QString>
+
+namespace corvane {
+namespace {
+
+TEST(ScreenshotTest, TheMainWindowShowsTheDemoProject) {
+    const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("xvfb-run"));
+    if (xvfb.isEmpty())
+        GTEST_SKIP() << "xvfb-run is not installed";
+    test::TempFolder home;
+    const QString picture = QString::fromStdString(home.File("window.png"));
+
+    // A private home, so the run neither reads nor changes this machine's settings or library.
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    const QString homePath = QString::fromStdString(home.Path().string());
+    environment.insert(QStringLiteral("HOME"), homePath);
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), homePath + QStringLiteral("/.config"));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), homePath + QStringLiteral("/.local/share"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    process.setProcessEnvironment(environment);
+    process.start(xvfb, {QStringLiteral("-a"), QStringLiteral("-s"), QStringLiteral("-screen 0 1280x1024x24"),
+                         QStringLiteral(CORVANE_PROGRAM), QStringLiteral("--demo"),
+                         QStringLiteral("--screenshot"), picture});
+    ASSERT_TRUE(process.waitForFinished(60000)) << "the program did not quit";
+    ASSERT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+
+    QImage image(picture);
+    ASSERT_FALSE(image.isNull()) << "no picture written";
+    EXPECT_GE(image.width(), 640);
+    EXPECT_GE(image.height(), 400);
+    // A window with buttons, fields and text has many colours; a blank or black grab has one
+    // or two.
+    QSet<QRgb> colours;
+    for (int y = 0; y < image.height(); y += 3)
+        for (int x = 0; x < image.width(); x += 3)
+            colours.insert(image.pixel(x, y));
+    EXPECT_GT(colours.size(), 20) << "the picture looks blank";
+}
+
+} // namespace
+} // namespace corvane
