@@ -206,6 +206,18 @@ int clsFileINI::ReadBlock(const std::string& block, const std::string& filePath)
     return lines_.empty() ? 0 : 1;
 }
 
+std::shared_ptr<BlockDocument> clsFileINI::DocumentToChange(const std::string& key) {
+    switch (LoadDocument(key, key)) {
+    case LoadResult::Unreadable:
+        return nullptr;
+    case LoadResult::Missing:
+        return std::make_shared<BlockDocument>();
+    case LoadResult::Loaded:
+        break;
+    }
+    return cache_.document;
+}
+
 int clsFileINI::WriteBlock(const std::string& block, const std::string& filePath) {
     std::vector<std::string> lines = std::move(lines_);
     ResetArrayIndex();
@@ -217,16 +229,9 @@ int clsFileINI::WriteBlock(const std::string& block, const std::string& filePath
         batch->ReplaceBlock(block, std::move(lines));
         return 1;
     }
-    std::shared_ptr<BlockDocument> document;
-    switch (LoadDocument(key, key)) {
-    case LoadResult::Unreadable:
+    std::shared_ptr<BlockDocument> document = DocumentToChange(key);
+    if (!document) {
         return 0;
-    case LoadResult::Missing:
-        document = std::make_shared<BlockDocument>();
-        break;
-    case LoadResult::Loaded:
-        document = cache_.document;
-        break;
     }
     document->ReplaceBlock(block, std::move(lines));
     const auto before = fs::file_time_type::clock::now();
@@ -247,16 +252,9 @@ int clsFileINI::BeginBatch(const std::string& filePath) {
     if (OpenBatchFor(key) != nullptr) {
         return 0;
     }
-    std::shared_ptr<BlockDocument> document;
-    switch (LoadDocument(key, key)) {
-    case LoadResult::Unreadable:
+    std::shared_ptr<BlockDocument> document = DocumentToChange(key);
+    if (!document) {
         return 0;
-    case LoadResult::Missing:
-        document = std::make_shared<BlockDocument>();
-        break;
-    case LoadResult::Loaded:
-        document = cache_.document;
-        break;
     }
     OpenBatches().emplace(key, std::move(document));
     batchKey_ = key;

@@ -144,6 +144,9 @@ private:
     // The trimmed value of the first line of that tag in the loaded block, empty when there is
     // none; valid until the lines change.
     std::string_view TagValueView(const std::string& tag);
+    // The parsed file to change: the cached one, a new empty one for a missing file, nullptr
+    // for a file that cannot be read.
+    std::shared_ptr<BlockDocument> DocumentToChange(const std::string& key);
 
     LoadResult LoadDocument(const std::string& key, const std::filesystem::path& path);
 

@@ -251,30 +251,8 @@ ReadOutcome ReadProjectBlocks(BlockReader& reader) {
 } // namespace
 
 int ReadProjectFile(const std::string& path, bool showNotice) {
-    bool errorFlag = false;
-    std::string errorText;
-    if (path.empty()) {
-        errorFlag = true;
-        errorText += kNoFilepath;
-        ShowReadNotice(false, showNotice, errorFlag, errorText);
-        return 0;
-    }
-    clsFileINI file;
-    const ReadSnapshot snapshot(file, path);
-    ErrorTail tail("reading the cvpj file from disk");
-    ReadLimits limits(path);
-    BlockReader reader{file, path, errorFlag, errorText, tail, limits};
-    switch (ReadProjectBlocks(reader)) {
-    case ReadOutcome::Continue:
-        ShowReadNotice(true, showNotice, errorFlag, errorText);
-        return 1;
-    case ReadOutcome::FailureExit:
-        ShowReadNotice(false, showNotice, errorFlag, errorText);
-        return 0;
-    case ReadOutcome::Abandoned:
-        break;
-    }
-    return 0;
+    return RunFileRead(path, showNotice, "reading the cvpj file from disk",
+                       [&](BlockReader& reader) { return ReadProjectBlocks(reader); });
 }
 
 int ReadProjectHeader(const std::string& path, std::string& projectID, std::string& lastModified,

@@ -225,6 +225,34 @@ bool ReadLimits::TakeUnbacked(std::int64_t count) {
     return true;
 }
 
+int RunFileRead(const std::string& path, bool showNotice, const std::string& context,
+                const std::function<ReadOutcome(BlockReader&)>& readBlocks) {
+    bool errorFlag = false;
+    std::string errorText;
+    if (path.empty()) {
+        errorFlag = true;
+        errorText += kNoFilepath;
+        ShowReadNotice(false, showNotice, errorFlag, errorText);
+        return 0;
+    }
+    clsFileINI file;
+    const ReadSnapshot snapshot(file, path);
+    ErrorTail tail(context);
+    ReadLimits limits(path);
+    BlockReader reader{file, path, errorFlag, errorText, tail, limits};
+    switch (readBlocks(reader)) {
+    case ReadOutcome::Continue:
+        ShowReadNotice(true, showNotice, errorFlag, errorText);
+        return 1;
+    case ReadOutcome::FailureExit:
+        ShowReadNotice(false, showNotice, errorFlag, errorText);
+        return 0;
+    case ReadOutcome::Abandoned:
+        break;
+    }
+    return 0;
+}
+
 void ReadRawPoints(BlockReader& reader, const std::string& block, clsSection& section, int count) {
     std::vector<double> radius;
     std::vector<double> theta;

@@ -9,6 +9,7 @@
 #include "support/ErrorTail.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -119,6 +120,12 @@ enum class ReadOutcome {
     FailureExit, // a block is missing: result 0, with the notice of what was collected
     Abandoned,   // the user ignored an error: result 0, nothing more shown
 };
+
+// The frame of a whole-file read: no path fails at once; otherwise one snapshot of the file, an
+// error tail with the reader's context, `readBlocks` for the blocks, and the closing notice
+// (when `showNotice`) of what was collected. 1 when the blocks were read, 0 otherwise.
+int RunFileRead(const std::string& path, bool showNotice, const std::string& context,
+                const std::function<ReadOutcome(BlockReader&)>& readBlocks);
 
 // Reads the raw points of a section whose block is loaded: `count` points in Radius, ThetaDeg
 // and AxialDropX. The section gets RawOffsetCount `count`; an array whose element count

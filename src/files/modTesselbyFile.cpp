@@ -174,30 +174,8 @@ ReadOutcome ReadTesselbyBlocks(BlockReader& reader, bool showNotice) {
 } // namespace
 
 int ReadTesselbyFile(const std::string& path, bool showNotice) {
-    bool errorFlag = false;
-    std::string errorText;
-    if (path.empty()) {
-        errorFlag = true;
-        errorText += kNoFilepath;
-        ShowReadNotice(false, showNotice, errorFlag, errorText);
-        return 0;
-    }
-    clsFileINI file;
-    const ReadSnapshot snapshot(file, path);
-    ErrorTail tail("reading the TBSC file from disk");
-    ReadLimits limits(path);
-    BlockReader reader{file, path, errorFlag, errorText, tail, limits};
-    switch (ReadTesselbyBlocks(reader, showNotice)) {
-    case ReadOutcome::Continue:
-        ShowReadNotice(true, showNotice, errorFlag, errorText);
-        return 1;
-    case ReadOutcome::FailureExit:
-        ShowReadNotice(false, showNotice, errorFlag, errorText);
-        return 0;
-    case ReadOutcome::Abandoned:
-        break;
-    }
-    return 0;
+    return RunFileRead(path, showNotice, "reading the TBSC file from disk",
+                       [&](BlockReader& reader) { return ReadTesselbyBlocks(reader, showNotice); });
 }
 
 int ReadLegacyProjectBlocks(clsFileINI& file, const std::string& path, int /*schemaVersion*/, bool& errorFlag,
