@@ -1,7 +1,9 @@
 #include "files/TextEncoding.h"
 
-#include <cstdint>
+#include "files/FileAccess.h"
+#include "model/CorvaneError.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace corvane {
@@ -104,6 +106,32 @@ std::string_view DecodeFileText(std::string_view bytes, std::string& storage) {
     }
     storage = Windows1252ToUtf8(bytes);
     return storage;
+}
+
+std::string ReadFileText(const std::string& path) {
+    std::string bytes;
+    if (!ReadFileBytes(path, bytes)) {
+        throw CorvaneError(ErrorNumber::FileNotFound, "File not found");
+    }
+    return DecodeFileText(bytes);
+}
+
+std::vector<std::string_view> SplitFileLines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        std::size_t end = text.find('\n', start);
+        if (end == std::string_view::npos) {
+            end = text.size();
+        }
+        std::string_view line = text.substr(start, end - start);
+        if (!line.empty() && line.back() == '\r') {
+            line.remove_suffix(1);
+        }
+        lines.push_back(line);
+        start = end + 1;
+    }
+    return lines;
 }
 
 } // namespace corvane

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane {
 
@@ -22,5 +23,12 @@ std::string DecodeFileText(std::string_view bytes);
 // The same text without a copy where none is needed: a view into `bytes` when they are UTF-8
 // already, otherwise a view of `storage`, which receives the converted text.
 std::string_view DecodeFileText(std::string_view bytes, std::string& storage);
+
+// The decoded text of a whole file; throws FileNotFound when it cannot be read.
+std::string ReadFileText(const std::string& path);
+
+// The lines of a text. Lines end in CR LF; files copied through other systems may end them in
+// LF alone, so a CR before the LF is dropped. A last line without LF counts.
+std::vector<std::string_view> SplitFileLines(std::string_view text);
 
 } // namespace corvane

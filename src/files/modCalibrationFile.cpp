@@ -203,24 +203,9 @@ int ReadHaleMRICalibrationFile(const std::string& path, CalibrationValues& value
     ErrorTail tail("reading HaleMRI calibration file from disk");
     CalibrationValues read = values;
     tail.Step([&] {
-        std::string bytes;
-        if (!ReadFileBytes(path, bytes)) {
-            throw CorvaneError(ErrorNumber::FileNotFound, "File not found");
-        }
-        const std::string text = DecodeFileText(bytes);
-        // Lines end in CR LF; files copied through other systems may end them in LF alone.
-        std::size_t start = 0;
-        while (start < text.size()) {
-            std::size_t end = text.find('\n', start);
-            if (end == std::string::npos) {
-                end = text.size();
-            }
-            std::string_view line(text.data() + start, end - start);
-            if (!line.empty() && line.back() == '\r') {
-                line.remove_suffix(1);
-            }
+        const std::string text = ReadFileText(path);
+        for (const std::string_view line : SplitFileLines(text)) {
             ReadHaleMRILine(line, read);
-            start = end + 1;
         }
     });
     if (tail.Failed()) {

@@ -312,28 +312,12 @@ std::int32_t ImportPPPFile(const std::string& path, clsPropeller& propeller, std
     std::string text;
     {
         ErrorTail tail(std::string(kContext) + reader.Step());
-        if (!tail.Step([&] {
-                std::string bytes;
-                if (!ReadFileBytes(path, bytes)) {
-                    throw CorvaneError(ErrorNumber::FileNotFound, "File not found");
-                }
-                text = DecodeFileText(bytes);
-            })) {
+        if (!tail.Step([&] { text = ReadFileText(path); })) {
             return 0;
         }
     }
 
-    std::size_t start = 0;
-    while (start < text.size()) {
-        std::size_t end = text.find('\n', start);
-        if (end == std::string::npos) {
-            end = text.size();
-        }
-        std::string_view line(text.data() + start, end - start);
-        if (!line.empty() && line.back() == '\r') {
-            line.remove_suffix(1);
-        }
-        start = end + 1;
+    for (const std::string_view line : SplitFileLines(text)) {
         bool goOn = true;
         ErrorTail tail(std::string(kContext) + reader.Step());
         if (!tail.Step([&] { goOn = reader.Line(line); }) || !goOn) {
