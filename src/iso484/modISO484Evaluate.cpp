@@ -128,6 +128,25 @@ double LEArc(clsBlades& blade, int section, double markedDiameter, bool leftHand
     return angle * gDegToRad * radius;
 }
 
+// A section measure against its reference: without a reference the window is the measured
+// value alone; otherwise it is `halfWidth(target)` either side of the target, which is the mean
+// over the enabled blades of a reference made from a scan, or blade `referenceBlade` of any
+// other reference.
+template <class Measure, class HalfWidth>
+void SectionWindow(const clsCorvane& project, int scanIndex, int blade, int referenceBlade, Measure measure,
+                   HalfWidth halfWidth, double& lower, double& upper, double& value) {
+    const double measured = measure(*ScanOf(project, scanIndex)->Blades(blade));
+    if (project.ReferenceSourceIndex() == kNoReference) {
+        Store({measured, measured, measured}, lower, upper, value);
+        return;
+    }
+    auto reference = ReferenceOf(project);
+    const double target = project.ReferenceSourceIndex() == kReferenceFromScan
+                              ? MeanOverEnabled(*reference, measure)
+                              : measure(*reference->Blades(referenceBlade));
+    Store(Around(target, halfWidth(target), measured), lower, upper, value);
+}
+
 } // namespace
 
 std::int32_t EvaluatePropellerMeanPitch(const clsISO484& iso, const clsCorvane& project, int scanIndex,
@@ -249,18 +268,13 @@ std::int32_t EvaluateLocalPitch(const clsISO484& iso, const clsCorvane& project,
 std::int32_t EvaluateChordLength(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                  int section, double& lower, double& upper, double& value) {
     return Run(BladeContext(blade, " chord length"), [&] {
-        const double measured = ScanOf(project, scanIndex)->Blades(blade)->Chord(section);
-        if (project.ReferenceSourceIndex() == kNoReference) {
-            Store({measured, measured, measured}, lower, upper, value);
-            return true;
-        }
-        auto reference = ReferenceOf(project);
-        const double target =
-            project.ReferenceSourceIndex() == kReferenceFromScan
-                ? MeanOverEnabled(*reference, [section](clsBlades& b) { return b.Chord(section); })
-                : reference->Blades(0)->Chord(section);
-        const double width = ApplyFloor(iso, target * iso.DZRatioPercent(), iso.DZRatioTol());
-        Store(Around(target, width, measured), lower, upper, value);
+        // A file reference gives one chord per section, on its first blade.
+        SectionWindow(
+            project, scanIndex, blade, 0, [section](clsBlades& b) { return b.Chord(section); },
+            [&iso](double target) {
+                return ApplyFloor(iso, target * iso.DZRatioPercent(), iso.DZRatioTol());
+            },
+            lower, upper, value);
         return true;
     });
 }
@@ -268,18 +282,10 @@ std::int32_t EvaluateChordLength(const clsISO484& iso, const clsCorvane& project
 std::int32_t EvaluateRakePosition(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                   int section, double& lower, double& upper, double& value) {
     return Run(BladeContext(blade, " rake position"), [&] {
-        const double measured = ScanOf(project, scanIndex)->Blades(blade)->ISOTotalAxialRakeToBCL(section);
-        if (project.ReferenceSourceIndex() == kNoReference) {
-            Store({measured, measured, measured}, lower, upper, value);
-            return true;
-        }
-        auto reference = ReferenceOf(project);
-        const double target =
-            project.ReferenceSourceIndex() == kReferenceFromScan
-                ? MeanOverEnabled(*reference,
-                                  [section](clsBlades& b) { return b.ISOTotalAxialRakeToBCL(section); })
-                : reference->Blades(blade)->ISOTotalAxialRakeToBCL(section);
-        Store(Around(target, project.ReferenceDiameter() * iso.RakePercent(), measured), lower, upper, value);
+        SectionWindow(
+            project, scanIndex, blade, blade,
+            [section](clsBlades& b) { return b.ISOTotalAxialRakeToBCL(section); },
+            [&](double) { return project.ReferenceDiameter() * iso.RakePercent(); }, lower, upper, value);
         return true;
     });
 }
