@@ -2,9 +2,12 @@
 
 #include "cli/ConsolePrompts.h"
 #include "cli/DemoCommand.h"
+#include "cli/EvaluateCommand.h"
+#include "cli/ExportPPPCommand.h"
 #include "cli/InfoCommand.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
+#include "reference/CalculationChain.h"
 #include "support/MemorySettingsStore.h"
 
 #include <ostream>
@@ -18,10 +21,16 @@ void PrintUsage(std::ostream& out) {
            "Commands:\n"
            "  info FILE [--json]         header, scans, blades and points of a cvpj or tbsc file\n"
            "  demo OUT.cvpj [--points N] write the built-in demo project\n"
+           "  evaluate PROJECT [--hand right|left] [--scan N] [--json]\n"
+           "           [--reference FILE | --constant-pitch P | --variable-pitch r1:p1,r2:p2,...]\n"
+           "           [--class S|1|1a|2|3] [--criteria primary|secondary]\n"
+           "                             run what CHECK runs: geometry and ISO 484 class of a scan\n"
+           "  export-ppp PROJECT OUT.ppp write the reference (or the active scan) as a ppp file\n"
            "  --version                  print the program version\n"
            "  --help                     print this text\n"
            "\n"
-           "Exit status: 0 done, 1 wrong usage, 2 the command failed.\n";
+           "Exit status: 0 done, 1 wrong usage, 2 the command failed (for evaluate and export-ppp\n"
+           "also a wrong option).\n";
 }
 
 } // namespace
@@ -39,6 +48,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         PrintUsage(err);
         return 1;
     }
+    // The geometry behind the ISO evaluation and the ppp files, wired once before any command.
+    InstallCalculationSteps();
     gAppTitle = "Corvane";
     gAppExeName = "corvane-cli";
     const std::string& command = args[0];
@@ -47,6 +58,10 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         return RunInfo(rest, out, err);
     if (command == "demo")
         return RunDemo(rest, out, err);
+    if (command == "evaluate")
+        return RunEvaluate(rest, out, err);
+    if (command == "export-ppp")
+        return RunExportPPP(rest, out, err);
     if (command == "--version" || command == "version") {
         out << "corvane-cli " << kVersionText << "\n";
         return 0;

@@ -1,0 +1,145 @@
+#include "CliTestProjects.h"
+#include "common/ServicesFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+namespace corvane::cli {
+namespace {
+
+using test::Cli;
+using test::CliRun;
+using test::Ideal;
+using test::Json;
+using test::JsonValue;
+using test::WriteProject;
+
+// The demo size (40 in) falls under ISO 484-2, whose windows have floors in millimetres: at a
+// pitch of 36 in the nose-tail window is 1 % (0.36 in) in class S and the propeller's mean pitch
+// window 0.5 % (0.18 in) in class S, 1 % in class 2 and 3 % in class 3.
+class EvaluateClassTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ideal = temp.File("ideal.cvpj");
+        WriteProject(ideal, {Ideal(36.0)});
+    }
+
+    static void ExpectVerdict(const JsonValue& json, int status, const std::string& sentence) {
+        EXPECT_EQ(json["ClassStatus"]["Code"].number, status);
+        EXPECT_EQ(json["ClassStatus"]["StatusWord"].text, status == 1   ? "PASS"
+                                                          : status == 2 ? "FAIL"
+                                                                        : "N/A");
+        EXPECT_EQ(json["BestClass"]["Sentence"].text, sentence);
+    }
+
+    corvane::test::TempFolder temp;
+    std::string ideal;
+};
+
+TEST_F(EvaluateClassTest, WithoutReferenceNothingIsJudged) {
+    const JsonValue json = Json(Cli({"evaluate", ideal, "--json"}));
+    EXPECT_EQ(json["ReferenceSource"].text, "None");
+    EXPECT_EQ(json["ISOStandard"].text, "ISO484-2");
+    ExpectVerdict(json, 0, "Scan not evaluated.");
+    EXPECT_EQ(json["BestClass"]["Code"].number, 0);
+    // Every window is the value itself, and passes.
+    const JsonValue& window = json["Blades"][1]["Sections"][2]["NoseTailPitch"];
+    EXPECT_EQ(window["Lower"].number, window["Value"].number);
+    EXPECT_EQ(window["Upper"].number, window["Value"].number);
+    EXPECT_TRUE(window["Pass"].flag);
+}
+
+TEST_F(EvaluateClassTest, CleanPropellerMeetsClassSAgainstItsOwnPitch) {
+    const CliRun run = Cli({"evaluate", ideal, "--json", "--constant-pitch", "36", "--class", "S"});
+    const JsonValue json = Json(run);
+    EXPECT_EQ(json["ReferenceSource"].text, "InternalScan");
+    EXPECT_EQ(json["ISOClass"].text, "Class S");
+    ExpectVerdict(json, 1, "MEETS OR EXCEEDS CLASS S.");
+    EXPECT_EQ(json["BestClass"]["Code"].number, 1);
+    EXPECT_EQ(json["BestClass"]["PropellerCode"].number, 0);
+    ASSERT_EQ(json["Blades"].size(), 4u);
+    for (const JsonValue& blade : json["Blades"].items) {
+        EXPECT_TRUE(blade["BladeEnabled"].flag);
+        EXPECT_EQ(blade["ClassCodes"]["Coverage"].number, 0);
+        EXPECT_EQ(blade["ClassCodes"]["NoseTailPitch"].number, 0);
+        EXPECT_EQ(blade["ClassCodes"]["BladeSpacing"].number, 0);
+        EXPECT_TRUE(blade["BladeMeanPitch"]["Pass"].flag);
+        const JsonValue& section = blade["Sections"][0];
+        EXPECT_TRUE(section["NoseTailPitch"]["Pass"].flag);
+        EXPECT_EQ(section["NoseTailPitch"]["Lower"].number, 36.0 - 0.36);
+        EXPECT_GE(section["LocalPitch"].size(), 1u);
+    }
+    // The table says the same.
+    const CliRun table = Cli({"evaluate", ideal, "--constant-pitch", "36", "--class", "S"});
+    EXPECT_NE(table.out.find("Result:                MEETS OR EXCEEDS CLASS S."), std::string::npos)
+        << table.out;
+}
+
+TEST_F(EvaluateClassTest, ClassAndPitchChangeTheVerdict) {
+    // 36.4 is 1.1 % above the scan: outside the mean pitch windows of classes S to 2, inside 3.
+    const JsonValue strict =
+        Json(Cli({"evaluate", ideal, "--json", "--constant-pitch", "36.4", "--class", "S"}));
+    ExpectVerdict(strict, 2, "Fails to meet Class S.");
+    const JsonValue loose =
+        Json(Cli({"evaluate", ideal, "--json", "--constant-pitch", "36.4", "--class", "3"}));
+    ExpectVerdict(loose, 1, "MEETS OR EXCEEDS CLASS 3.");
+    // Each criterion keeps the best class it passed: 0.4 in is inside class 1's nose-tail window
+    // (1.5 %) but not class S's, while the propeller's mean pitch passes class 3 only.
+    EXPECT_EQ(loose["BestClass"]["PropellerCode"].number, 4);
+    EXPECT_EQ(loose["Blades"][0]["ClassCodes"]["NoseTailPitch"].number, 1);
+
+    // A variable pitch is taken row by row: section 0 (0.95) against 36.4 here.
+    const JsonValue variable =
+        Json(Cli({"evaluate", ideal, "--json", "--variable-pitch", "0.9:36,1:36.8", "--class", "S"}));
+    const JsonValue& window = variable["Blades"][0]["Sections"][0]["NoseTailPitch"];
+    EXPECT_NEAR(window["Lower"].number, 36.4 - 0.364, 1e-9);
+    EXPECT_NEAR(window["Upper"].number, 36.4 + 0.364, 1e-9);
+    EXPECT_FALSE(window["Pass"].flag);
+    EXPECT_TRUE(variable["Blades"][0]["Sections"][2]["NoseTailPitch"]["Pass"].flag);
+    ExpectVerdict(variable, 2, "Fails to meet Class S.");
+
+    const JsonValue secondary =
+        Json(Cli({"evaluate", ideal, "--json", "--constant-pitch", "36", "--criteria", "secondary"}));
+    EXPECT_EQ(secondary["ISOCriteria"].text, "Primary & Secondary");
+    EXPECT_NE(secondary["BestClass"]["StandardText"].text.find("Primary and Secondary"), std::string::npos);
+    EXPECT_GE(secondary["Blades"][0]["Sections"][0]["PitchContinuitySum"].size(), 1u);
+}
+
+TEST_F(EvaluateClassTest, ExportedPPPServesAsReference) {
+    const std::string ppp = temp.File("ideal.ppp");
+    const CliRun exported = Cli({"export-ppp", ideal, ppp});
+    ASSERT_EQ(exported.code, 0) << exported.err;
+    ASSERT_TRUE(std::filesystem::is_regular_file(ppp));
+
+    const JsonValue same = Json(Cli({"evaluate", ideal, "--json", "--reference", ppp, "--class", "S"}));
+    EXPECT_EQ(same["ReferenceSource"].text, "ExternalFile");
+    ExpectVerdict(same, 1, "MEETS OR EXCEEDS CLASS S.");
+
+    const std::string coarse = temp.File("coarse.cvpj");
+    WriteProject(coarse, {Ideal(37.0)});
+    const JsonValue off = Json(Cli({"evaluate", coarse, "--json", "--reference", ppp, "--class", "S"}));
+    ExpectVerdict(off, 2, "Fails to meet Class S.");
+}
+
+TEST_F(EvaluateClassTest, BadReferencesAndExportsExitTwo) {
+    const std::string wrongType = temp.File("ref.txt");
+    std::ofstream(wrongType) << "pitch 36\n";
+    for (const std::string& reference : {temp.File("missing.ppp"), wrongType}) {
+        const CliRun run = Cli({"evaluate", ideal, "--json", "--reference", reference});
+        EXPECT_EQ(run.code, 2) << reference;
+        EXPECT_NE(run.err.find("cannot read the reference " + reference), std::string::npos) << run.err;
+        EXPECT_TRUE(run.out.empty());
+    }
+    const std::string unwritable = (temp.Path() / "no-such-folder" / "out.ppp").string();
+    const CliRun run = Cli({"export-ppp", ideal, unwritable});
+    EXPECT_EQ(run.code, 2);
+    EXPECT_NE(run.err.find("cannot write " + unwritable), std::string::npos) << run.err;
+    EXPECT_FALSE(std::filesystem::exists(unwritable));
+    EXPECT_EQ(Cli({"export-ppp", ideal}).code, 2);
+    EXPECT_EQ(Cli({"export-ppp", temp.File("missing.cvpj"), temp.File("x.ppp")}).code, 2);
+}
+
+} // namespace
+} // namespace corvane::cli
