@@ -1,0 +1,284 @@
+// Verdicts of whole propellers: ideal sweeps with one fault put in, measured, compared with their
+// reference and evaluated through the chain every screen runs.
+#include "ReferenceFixture.h"
+
+#include "files/modReferenceFile.h"
+#include "iso484/modISO484Class.h"
+#include "reference/modImportFile.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace corvane::test {
+namespace {
+
+// The rows of the class table that decide a class (diameter and the secondary rake rows do not).
+constexpr ISOClassRow kDeciding[] = {kISORowBladeMeanPitch, kISORowNoseTailPitch, kISORowLocalPitch,
+                                     kISORowChordLength,    kISORowLEPosition,    kISORowRakePosition,
+                                     kISORowBladeSpacing};
+
+const char* RowName(ISOClassRow row) {
+    switch (row) {
+    case kISORowBladeMeanPitch:
+        return "blade mean pitch";
+    case kISORowNoseTailPitch:
+        return "nose-tail pitch";
+    case kISORowLocalPitch:
+        return "local pitch";
+    case kISORowChordLength:
+        return "chord";
+    case kISORowLEPosition:
+        return "leading edge";
+    case kISORowRakePosition:
+        return "rake position";
+    case kISORowBladeSpacing:
+        return "spacing";
+    default:
+        return "other";
+    }
+}
+
+class VerdictTest : public ReferenceTest {
+protected:
+    // The verdict of one class through the chain (0 none, 1 meets, 2 fails).
+    std::int16_t Verdict(std::int16_t classIndex) {
+        gISO484->SetISOClassIndex(classIndex);
+        std::int16_t verdict = -1;
+        EXPECT_EQ(RunISOEvaluationChain(verdict), 1);
+        return verdict;
+    }
+
+    // The best classes of every blade and criterion, and the verdict of the project's class.
+    std::int16_t Best(std::int16_t classIndex) {
+        gISO484->SetISOClassIndex(classIndex);
+        propellerCode = -1;
+        return GetBestISOClass(0, ISOBelowSizeLimit(*gProject), codes, propellerCode);
+    }
+
+    std::int16_t Code(ISOClassRow row, int slot) const {
+        return codes[static_cast<std::size_t>(row)][static_cast<std::size_t>(slot)];
+    }
+
+    // Every deciding criterion of every blade reaches class index 0 (S), except the one given.
+    void ExpectClasses(int faultySlot = -1, ISOClassRow faultyRow = kISORowOverall,
+                       std::int16_t faultyClass = 0) const {
+        for (int slot = 0; slot < gProject->BladeCount(); ++slot) {
+            for (ISOClassRow row : kDeciding) {
+                const std::int16_t expected = slot == faultySlot && row == faultyRow ? faultyClass : 0;
+                EXPECT_EQ(Code(row, slot), expected) << RowName(row) << ", blade slot " << slot;
+            }
+        }
+    }
+
+    // The clean sweep of scan 1 is the reference: a scan reference locked on it.
+    static void CleanScanReference() {
+        gProject->SetReferenceSourceIndex(1);
+        gProject->SetReferenceSectionPitchIndex(0);
+        gProject->SetReferenceLocalPitchIndex(0);
+    }
+
+    static clsVirtualPropeller WithBladePitch(clsVirtualPropeller prop, int blade, double factor) {
+        prop.BladePitchFactor.assign(static_cast<std::size_t>(prop.BladeCount), 1.0);
+        prop.BladePitchFactor[static_cast<std::size_t>(blade)] = factor;
+        return prop;
+    }
+
+    ISOClassCodes codes;
+    std::int16_t propellerCode = -1;
+};
+
+TEST_F(VerdictTest, CleanPropellerMeetsClassSAgainstItselfAndAgainstAnotherScan) {
+    const clsVirtualPropeller prop = Shop();
+    ASSERT_TRUE(Measure(prop, &prop));
+    for (std::int16_t internal : {0, 1}) {
+        SCOPED_TRACE("internal scan " + std::to_string(internal));
+        gProject->SetInternalScanIndex(internal);
+        CleanScanReference();
+        EXPECT_EQ(Verdict(0), 1);
+        EXPECT_EQ(gISO484->ISOStandardIndex(), 0);
+        EXPECT_EQ(Best(0), 1);
+        EXPECT_EQ(propellerCode, 0);
+        ExpectClasses();
+        std::string standard;
+        std::string sentence;
+        GetEvaluationSentence(standard, sentence, 1);
+        EXPECT_EQ(standard, "ISO 484-1  Primary");
+        EXPECT_EQ(sentence, "MEETS OR EXCEEDS CLASS S.");
+    }
+    EXPECT_TRUE(prompts.History().empty());
+}
+
+TEST_F(VerdictTest, OneBladeOffInPitchLandsInTheClassOfItsDeviation) {
+    // 1.2%: over the 0.75% and 1% of a blade's mean pitch in classes S and 1, under the 1.5% of
+    // class 2; over the 1% of a section's pitch in class S only.
+    const clsVirtualPropeller prop = Shop();
+    ASSERT_TRUE(Measure(WithBladePitch(prop, 1, 1.012), &prop));
+    CleanScanReference();
+    EXPECT_EQ(Verdict(0), 2);
+    EXPECT_EQ(Verdict(1), 2);
+    EXPECT_EQ(Verdict(3), 1);
+    EXPECT_EQ(Best(0), 2);
+    const int slot = SlotOf(1, 4);
+    for (int s = 0; s < 4; ++s) {
+        EXPECT_EQ(Code(kISORowBladeMeanPitch, s), s == slot ? 3 : 0) << "slot " << s;
+        EXPECT_EQ(Code(kISORowNoseTailPitch, s), s == slot ? 1 : 0) << "slot " << s;
+        EXPECT_EQ(Code(kISORowLocalPitch, s), 0) << "slot " << s;
+    }
+    EXPECT_EQ(propellerCode, 0); // 0.3% on the propeller's mean is within class S
+}
+
+TEST_F(VerdictTest, OneBladeOffItsSpacingLandsInClass2) {
+    // 1.5 degrees: over the 1 degree of classes S and 1, under the 2 degrees of classes 2 and 3.
+    const clsVirtualPropeller clean = Shop();
+    clsVirtualPropeller prop = clean;
+    prop.BladeOffsetDeg = {0.0, 1.5, 0.0, 0.0};
+    ASSERT_TRUE(Measure(prop, &clean));
+    CleanScanReference();
+    EXPECT_EQ(Best(1), 2);
+    ExpectClasses(SlotOf(1, 4), kISORowBladeSpacing, 3);
+    EXPECT_EQ(Verdict(3), 1);
+}
+
+TEST_F(VerdictTest, ASectionWithWrongRakeLandsInClass1) {
+    // 22 mm on a 3 m propeller: over the 15 mm (0.5% of D) of class S, under the 30 mm of class 1.
+    const clsVirtualPropeller prop = Shop();
+    ASSERT_TRUE(Measure(prop, &prop, [](clsPropeller& scan) {
+        auto s = scan.Blades(2)->Section(4);
+        for (int i = 0; i < s->RawOffsetCount(); ++i) {
+            s->SetAxialDropX(i, s->AxialDropX(i) + 22.0);
+        }
+    }));
+    CleanScanReference();
+    EXPECT_EQ(Best(0), 2);
+    ExpectClasses(SlotOf(2, 4), kISORowRakePosition, 1);
+    EXPECT_EQ(Verdict(1), 1);
+}
+
+TEST_F(VerdictTest, ASectionWithWrongChordLandsInClass2) {
+    // 2.5% on the 0.7 section: over the 1.5% and 2% of classes S and 1, under the 3% of class 2.
+    const clsVirtualPropeller prop = Shop();
+    clsVirtualPropeller longer = prop;
+    for (auto& knot : longer.Chord) {
+        knot.second *= 1.025;
+    }
+    ASSERT_TRUE(Measure(prop, &prop, [&](clsPropeller& scan) { TakeSection(scan, longer, 3, 3); }));
+    CleanScanReference();
+    EXPECT_EQ(Best(0), 2);
+    ExpectClasses(SlotOf(3, 4), kISORowChordLength, 3);
+}
+
+TEST_F(VerdictTest, InnerSectionsHaveHalfAsMuchAgainOnTheirPitch) {
+    // 1.3% on one section: over the 1% of class S at 0.5, within 1.5 x 1% at 0.4.
+    const clsVirtualPropeller prop = Shop();
+    const clsVirtualPropeller steeper = WithBladePitch(prop, 1, 1.013);
+    for (int row : {5, 6}) {
+        SCOPED_TRACE("row " + std::to_string(row));
+        ASSERT_TRUE(Measure(prop, &prop, [&](clsPropeller& scan) { TakeSection(scan, steeper, 1, row); }));
+        CleanScanReference();
+        if (row == 6) {
+            EXPECT_EQ(Verdict(0), 1);
+        } else {
+            EXPECT_EQ(Best(0), 2);
+            ExpectClasses(SlotOf(1, 4), kISORowNoseTailPitch, 1);
+        }
+    }
+}
+
+TEST_F(VerdictTest, SmallPropellerPassesOnTheFloorsOfISO4842WhereALargeOneFails) {
+    // 1.1% on a blade's mean pitch: 4.4 mm on a pitch of 400 mm, within the 5 mm floor of ISO
+    // 484-2 class S though over its 0.75% (3 mm). The same share on a 3 m propeller, under ISO
+    // 484-1 without floors, only reaches class 2.
+    const clsVirtualPropeller small = Small();
+    ASSERT_TRUE(Measure(WithBladePitch(small, 1, 1.011), &small));
+    CleanScanReference();
+    EXPECT_EQ(Verdict(0), 1);
+    EXPECT_EQ(gISO484->ISOStandardIndex(), 1);
+    EXPECT_EQ(Best(0), 1);
+    ExpectClasses();
+
+    const clsVirtualPropeller large = Shop();
+    ASSERT_TRUE(Measure(WithBladePitch(large, 1, 1.011), &large));
+    CleanScanReference();
+    EXPECT_EQ(Verdict(0), 2);
+    EXPECT_EQ(gISO484->ISOStandardIndex(), 0);
+    EXPECT_EQ(Best(0), 2);
+    EXPECT_EQ(Code(kISORowBladeMeanPitch, SlotOf(1, 4)), 3);
+}
+
+TEST_F(VerdictTest, ScanOfOnlyEveryOtherSectionPartlyMeetsItsClass) {
+    const clsVirtualPropeller prop = Shop();
+    ASSERT_TRUE(Measure(prop, nullptr, [](clsPropeller& scan) {
+        for (int b = 0; b < scan.BladeCount(); ++b) {
+            for (int row : {0, 2, 4, 6, 7}) {
+                scan.Blades(b)->Section(row)->SetRawOffsetCount(0);
+            }
+        }
+    }));
+    gProject->SetReferenceSourceIndex(1);
+    EXPECT_EQ(Verdict(1), 1); // the sections it has meet class 1
+    EXPECT_EQ(Best(1), 3);
+    EXPECT_EQ(Code(kISORowCoverage, 0), 4);
+    std::string standard;
+    std::string sentence;
+    GetEvaluationSentence(standard, sentence, 3);
+    EXPECT_EQ(sentence, "Partial scan meets Class 1.");
+}
+
+TEST_F(VerdictTest, UnusableReferenceFallsBackToTheScanAloneWithoutAWord) {
+    ASSERT_TRUE(Measure(Shop()));
+    gProject->SetReferenceSourceIndex(2); // a file reference, but no file was read
+    EXPECT_EQ(Verdict(0), 0);
+    EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+    EXPECT_TRUE(prompts.History().empty());
+}
+
+TEST_F(VerdictTest, EveryReferenceSourceGivesTheSameVerdictForTheSameGeometry) {
+    // A cvrf reference keeps no rake of its sections (they are sorted into the standard rows
+    // without it), so the propeller has neither rake nor the skew that turns into rake.
+    clsVirtualPropeller prop = Shop();
+    prop.Rake = {{0.0, 0.0}};
+    prop.SkewDeg = {{0.0, 0.0}};
+    ASSERT_TRUE(Measure(WithBladePitch(prop, 1, 1.012), &prop));
+    CleanScanReference();
+    const std::int16_t expected = Best(0);
+    ASSERT_EQ(expected, 2);
+    const ISOClassCodes scanCodes = codes;
+
+    // The reference as Corvane writes it: a cvrf file of the scan reference, and a ppp export.
+    CleanScanReference();
+    std::int16_t raw = 0;
+    ASSERT_EQ(CalculateReferenceProperties(raw), 1);
+    bool flag = false;
+    std::string text;
+    const std::string cvrf = temp->File("reference.cvrf");
+    ASSERT_EQ(WriteReferenceBlocks(cvrf, Ref(), flag, text), 1) << text;
+    const std::string ppp = temp->File("reference.ppp");
+    ASSERT_EQ(ExportPPPFile(ppp), 1);
+
+    for (const std::string& file : {cvrf, ppp}) {
+        for (std::int16_t source : {2, 3}) {
+            SCOPED_TRACE(file + ", source " + std::to_string(source));
+            auto read = std::make_shared<clsPropeller>();
+            if (file == cvrf) {
+                ASSERT_EQ(ReadReferenceBlocks(file, *read, flag, text, false), 1) << text;
+                ASSERT_EQ(ResortReferenceSections(*read), 1);
+            } else {
+                ASSERT_EQ(ImportPPPFile(file, *read, 4), 1);
+            }
+            gProject->SetReferenceSource(read);
+            gProject->SetReferenceSourceFilePath(file);
+            gProject->SetReferenceSourceIndex(source);
+            EXPECT_EQ(Best(0), expected);
+            EXPECT_EQ(gProject->ReferenceSourceIndex(), source);
+            for (ISOClassRow row : kDeciding) {
+                EXPECT_EQ(codes[static_cast<std::size_t>(row)], scanCodes[static_cast<std::size_t>(row)])
+                    << RowName(row);
+            }
+        }
+    }
+    EXPECT_TRUE(prompts.History().empty());
+}
+
+} // namespace
+} // namespace corvane::test
