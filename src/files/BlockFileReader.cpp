@@ -4,10 +4,12 @@
 #include "files/FileAccess.h"
 #include "files/TextEncoding.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <system_error>
 
 namespace corvane {
 
@@ -30,7 +32,14 @@ bool BlockFileReader::Read(const std::filesystem::path& path, bool parse) {
     }
     ChunkedOutput hasher(nullptr);
     auto document = parse ? std::make_shared<BlockDocument>() : nullptr;
-    std::vector<char> chunk(ChunkedOutput::kChunkSize);
+    // A chunk, or the whole file when it is smaller (one more byte sees the end at once).
+    std::error_code ec;
+    const std::uintmax_t size = std::filesystem::file_size(path, ec);
+    const std::size_t chunkSize =
+        ec ? ChunkedOutput::kChunkSize
+           : static_cast<std::size_t>(std::min<std::uintmax_t>(ChunkedOutput::kChunkSize, size + 1));
+    const auto buffer = std::make_unique_for_overwrite<char[]>(chunkSize);
+    const std::span<char> chunk(buffer.get(), chunkSize);
     std::string pending; // the start of a line that runs on into the next chunk
     bool first = true;
     bool utf8 = true;

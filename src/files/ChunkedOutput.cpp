@@ -14,9 +14,9 @@ std::size_t Combine(std::size_t hash, std::string_view chunk) {
 
 } // namespace
 
-ChunkedOutput::ChunkedOutput(Sink sink) : sink_(std::move(sink)) {
-    buffer_.reserve(kChunkSize);
-}
+// The buffer grows with what is appended, up to a chunk: hashing a small file costs no more
+// than the file.
+ChunkedOutput::ChunkedOutput(Sink sink) : sink_(std::move(sink)) {}
 
 void ChunkedOutput::Pass(std::string_view chunk) {
     hash_ = Combine(hash_, chunk);
