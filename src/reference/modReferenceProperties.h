@@ -30,8 +30,9 @@ std::int32_t CalculateReferenceProperties(std::int16_t& useRawEnds);
 // Sorts the sections of a reference read from a file into the rows of the standard radial table
 // (gRadialPositions): the propeller starts afresh with its Diameter, gProject's BladeCount and
 // eight sections on blade 0, and each read section whose RadialPos is a table row within 0.01
-// lands in the first such row with its Chord, Pitch, SkewHelix and panel pitches. A section on
-// no row is dropped. Returns 1, or 0 after an error.
+// lands in the first such row with its Chord, Pitch, SkewHelix and panel pitches (its RakeAft is
+// not carried over: the rows of a file reference start without rake). A section on no row is
+// dropped. Returns 1, or 0 after an error.
 std::int32_t ResortReferenceSections(clsPropeller& reference);
 
 } // namespace corvane
