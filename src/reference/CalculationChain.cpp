@@ -64,15 +64,28 @@ void InstallPPPSteps() {
     SetPPPPipeline(std::move(pipeline));
 }
 
-// Whether the chosen reference has anything to be built from: the internal scan for a scan
-// reference, a read file (a section of blade 0 with a pitch) for a file reference.
+// Whether the chosen reference has anything to be built from: the internal scan and a pitch
+// above 0 (no variable pitch below 0) for a scan reference, a read file (a section of blade 0
+// with a pitch) for a file reference.
 bool ReferenceAvailable(const clsCorvane& project) {
     switch (project.ReferenceSourceIndex()) {
     case 0:
         return true;
     case 1: {
         const int index = project.InternalScanIndex();
-        return index >= 0 && index < project.PropellerScanCount() && project.PropellerScan(index);
+        if (index < 0 || index >= project.PropellerScanCount() || !project.PropellerScan(index)) {
+            return false;
+        }
+        // The pitch the ideal propeller is built at, as the reference settings check asks it.
+        if (project.ReferenceSectionPitchIndex() == 0) {
+            return project.ReferenceConstantPitch() > 0.0;
+        }
+        for (int row = 0; row < project.ReferenceVariablePitchCount(); ++row) {
+            if (project.ReferenceVariablePitch(row) < 0.0) {
+                return false;
+            }
+        }
+        return true;
     }
     case 2:
     case 3: {

@@ -15,10 +15,11 @@ void InstallCalculationSteps();
 
 // Runs on gProject's active scan and gISO484, in this fixed order: ClearISOCriteriaStatus,
 // SetISOStandardAndTolerances, CalculateAllISOData (useRawEnds 0), EvaluateISOCriteria and
-// EvaluateClassStatus. A reference that cannot be had (no scan to copy, no file read) or whose
-// calculation fails is dropped without a word: ReferenceSourceIndex becomes 0 and the scan is
-// evaluated alone. Returns 1 when the data calculated; 0 when it did not (its message has been
-// shown), and nothing is then evaluated. Installs the steps when no geometry steps are installed.
+// EvaluateClassStatus. A reference that cannot be had (no scan to copy or no pitch above 0 for
+// a scan reference, no file read) or whose calculation fails is dropped without a word:
+// ReferenceSourceIndex becomes 0 and the scan is evaluated alone. Returns 1 when the data
+// calculated; 0 when it did not (its message has been shown), and nothing is then evaluated.
+// Installs the steps when no geometry steps are installed.
 std::int32_t RunISOEvaluationChain();
 // The same, handing back the verdict of EvaluateClassStatus (0 not evaluated, 1 meets, 2 fails);
 // 0 when the data did not calculate.

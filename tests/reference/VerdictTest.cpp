@@ -230,6 +230,10 @@ TEST_F(VerdictTest, UnusableReferenceFallsBackToTheScanAloneWithoutAWord) {
     gProject->SetReferenceSourceIndex(2); // a file reference, but no file was read
     EXPECT_EQ(Verdict(0), 0);
     EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+    gProject->SetReferenceSourceIndex(1); // a scan reference without a pitch
+    gProject->SetReferenceConstantPitch(0.0);
+    EXPECT_EQ(Verdict(0), 0);
+    EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
     EXPECT_TRUE(prompts.History().empty());
 }
 
