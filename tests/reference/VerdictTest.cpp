@@ -284,5 +284,36 @@ TEST_F(VerdictTest, EveryReferenceSourceGivesTheSameVerdictForTheSameGeometry) {
     EXPECT_TRUE(prompts.History().empty());
 }
 
+TEST_F(VerdictTest, LeftHandFiveBladesLandInTheSameClassesAgainstAScanOrACvrfReference) {
+    clsVirtualPropeller prop = Shop(1, 5);
+    prop.Rake = {{0.0, 0.0}};
+    prop.SkewDeg = {{0.0, 0.0}};
+    ASSERT_TRUE(Measure(WithBladePitch(prop, 1, 1.012), &prop));
+    CleanScanReference();
+    ASSERT_EQ(Best(0), 2);
+    EXPECT_EQ(Code(kISORowBladeMeanPitch, SlotOf(1, 5)), 3);
+    EXPECT_EQ(Code(kISORowNoseTailPitch, SlotOf(1, 5)), 1);
+    const ISOClassCodes scanCodes = codes;
+
+    std::int16_t raw = 0;
+    ASSERT_EQ(CalculateReferenceProperties(raw), 1);
+    bool flag = false;
+    std::string text;
+    const std::string cvrf = temp->File("left.cvrf");
+    ASSERT_EQ(WriteReferenceBlocks(cvrf, Ref(), flag, text), 1) << text;
+    auto read = std::make_shared<clsPropeller>();
+    ASSERT_EQ(ReadReferenceBlocks(cvrf, *read, flag, text, false), 1) << text;
+    ASSERT_EQ(ResortReferenceSections(*read), 1);
+    gProject->SetReferenceSource(read);
+    gProject->SetReferenceSourceIndex(2);
+    EXPECT_EQ(Best(0), 2);
+    EXPECT_EQ(gProject->ReferenceSourceIndex(), 2);
+    for (ISOClassRow row : kDeciding) {
+        EXPECT_EQ(codes[static_cast<std::size_t>(row)], scanCodes[static_cast<std::size_t>(row)])
+            << RowName(row);
+    }
+    EXPECT_TRUE(prompts.History().empty());
+}
+
 } // namespace
 } // namespace corvane::test
