@@ -18,23 +18,23 @@ class ReferenceRun {
 public:
     ReferenceRun(clsCorvane& project, bool useRawEnds);
 
-    // Step A by source. Each gives false after a failure that has been told (or whose routine
-    // told it); the reference is then partly built.
+    // The reference itself, from a scan or from a file. Each gives false after a failure that
+    // has been told (or whose routine told it); the reference is then partly built.
     bool FromScan();
     bool FromFile();
-    // Step B, for every source but none: the BCL of the reference and of the scan, the ISO
-    // pitches of the reference, and for a scan reference the leading edge arcs.
+    // What every reference but none gets then: the BCL of the reference and of the scan, the
+    // ISO pitches of the reference, and for a scan reference the leading edge arcs.
     bool FinishBCL();
     bool FinishPitch();
     void ShareLEArcs();
 
 private:
-    // Source 1, one row of the standard table across the blades chosen for the reference.
+    // A scan reference, one row of the standard table across the blades chosen for it.
     struct RowSums;
     bool AngleShift(double& shift);
     bool MeasureRowBlade(int b, int k, RowSums& sums);
     void ApplyRowMeans(int k, const RowSums& sums);
-    bool RebuildRow(int k, const RowSums& sums);
+    bool RebuildRow(int k);
     bool BlankRow(int k);
     bool BuildVariablePitch();
     double SectionPitch(double radialPos);

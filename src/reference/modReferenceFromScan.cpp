@@ -1,6 +1,6 @@
-// The reference made from a scan of the project (source 1): each row of the standard table is
-// measured on the blades chosen for the reference, averaged, set to the reference pitch and
-// rebuilt from its panels on every blade.
+// The reference made from a scan of the project (ReferenceSourceIndex 1): each row of the
+// standard table is measured on the blades chosen for the reference, averaged, set to the
+// reference pitch and rebuilt from its panels on every blade.
 #include "reference/ReferenceRun.h"
 
 #include "geometry/GeometryChecks.h"
@@ -226,7 +226,7 @@ bool ReferenceRun::FromScan() {
         }
         if (sums.count > 0) {
             ApplyRowMeans(k, sums);
-            if (!RebuildRow(k, sums)) {
+            if (!RebuildRow(k)) {
                 return false;
             }
         } else if (!BlankRow(k)) {
@@ -349,7 +349,7 @@ void ReferenceRun::ApplyRowMeans(int k, const RowSums& sums) {
 
 // The row's offsets of every blade rebuilt from its panels, then measured on the panel grid the
 // scan it is compared with takes.
-bool ReferenceRun::RebuildRow(int k, const RowSums& /*sums*/) {
+bool ReferenceRun::RebuildRow(int k) {
     clsPropeller& ref = *reference_;
     for (int b = 0; b < ref.BladeCount(); ++b) {
         clsBlades& blade = *ref.Blades(b);
