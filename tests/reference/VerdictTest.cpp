@@ -8,7 +8,10 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace corvane::test {
 namespace {
@@ -234,6 +237,21 @@ TEST_F(VerdictTest, UnusableReferenceFallsBackToTheScanAloneWithoutAWord) {
     gProject->SetReferenceConstantPitch(0.0);
     EXPECT_EQ(Verdict(0), 0);
     EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+    // Files read with nothing usable in them: sections on the axis, no pitch, a pitch that is not
+    // a number.
+    for (const auto& [radialPos, pitch] : std::vector<std::pair<double, double>>{
+             {0.0, 2400.0}, {0.7, 0.0}, {0.7, -2400.0}, {0.7, std::numeric_limits<double>::quiet_NaN()}}) {
+        auto read = std::make_shared<clsPropeller>();
+        read->Blades(0)->SetSectionCount(8);
+        for (int k = 0; k < 8; ++k) {
+            read->Blades(0)->SetRadialPos(k, radialPos);
+            read->Blades(0)->SetPitch(k, pitch);
+        }
+        gProject->SetReferenceSource(read);
+        gProject->SetReferenceSourceIndex(2);
+        EXPECT_EQ(Verdict(0), 0);
+        EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
+    }
     EXPECT_TRUE(prompts.History().empty());
 }
 
