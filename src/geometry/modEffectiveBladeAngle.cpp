@@ -17,10 +17,23 @@ int OffsetsAt(clsBlades& blade, int k) {
     return k < blade.SectionCount() ? blade.Section(k)->RawOffsetCount() : 0;
 }
 
-// True when every blade holds row k with at least two offsets.
+// True when the blade holds a sweep of at least two offsets in some row.
+bool HoldsSweep(clsBlades& blade) {
+    for (int k = 0; k < blade.SectionCount(); ++k) {
+        if (OffsetsAt(blade, k) >= 2) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// True when every swept blade holds row k with at least two offsets. A blade that was not swept
+// at all has no span to compare with and takes no part; otherwise it would leave no row on any
+// blade, and no blade could be placed.
 bool RowOnEveryBlade(const clsPropeller& propeller, int k) {
     for (int c = 0; c < propeller.BladeCount(); ++c) {
-        if (OffsetsAt(*propeller.Blades(c), k) < 2) {
+        auto blade = propeller.Blades(c);
+        if (OffsetsAt(*blade, k) < 2 && HoldsSweep(*blade)) {
             return false;
         }
     }
@@ -39,7 +52,8 @@ std::int32_t CalcISOEffectiveBladeAngle(double& result, clsPropeller& propeller,
         double sum = 0.0;
         int rows = 0;
         for (int k = 0; k < target->SectionCount(); ++k) {
-            if (!RowOnEveryBlade(propeller, k)) {
+            // An unswept blade holds none of the rows the others share.
+            if (OffsetsAt(*target, k) < 2 || !RowOnEveryBlade(propeller, k)) {
                 continue;
             }
             auto section = target->Section(k);

@@ -29,6 +29,16 @@ bool HasSegment(clsSection& section) {
     return section.RawOffsetCount() > 0 && section.SegmentChord() > 0.0;
 }
 
+// A blade with offsets in some section, which the integration of its pitch collects.
+bool HoldsOffsets(clsBlades& blade) {
+    for (int k = 0; k < blade.SectionCount(); ++k) {
+        if (blade.Section(k)->RawOffsetCount() > 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 std::int32_t CalcISOBladePitch(clsPropeller& propeller, int blade) {
@@ -157,6 +167,11 @@ std::int32_t CalcIntegratedPropellerPitch(clsPropeller& propeller) {
         double sum = 0.0;
         int counted = 0;
         for (int b = 0; b < propeller.BladeCount(); ++b) {
+            // A blade that was not measured has no pitch to integrate; its untouched value
+            // would pull the mean down.
+            if (!HoldsOffsets(*propeller.Blades(b))) {
+                continue;
+            }
             if (CalcIntegratedBladePitch(propeller, b) == 1) {
                 sum += propeller.Blades(b)->EffectivePitch();
                 ++counted;

@@ -33,7 +33,8 @@ std::int32_t CalcISOEffectiveBladeAxialDrop(double& result, clsPropeller& propel
 // succeeds. Fails on a propeller without diameter or blades, or a blade out of range.
 std::int32_t CalcIntegratedBladePitch(clsPropeller& propeller, int blade);
 
-// PitchMean: mean EffectivePitch of the blades whose integration succeeded, 0 when none did.
+// PitchMean: mean EffectivePitch of the blades with offsets whose integration succeeded, 0 when
+// none did.
 // Fails on a propeller without diameter or blades.
 std::int32_t CalcIntegratedPropellerPitch(clsPropeller& propeller);
 

@@ -11,6 +11,8 @@
 #include "support/ErrorTail.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -114,6 +116,113 @@ void SortPositions(std::vector<double>& p, std::vector<int>& order, bool descend
             }
         }
     }
+}
+
+// The order of the blades when every blade stands where it was measured: positions relative to
+// blade 0, sorted against the direction of rotation. Blades behind blade 0 in [0, 360) are
+// carried past 360 rather than wrapped, which keeps blade 0 first in either order.
+std::vector<int> OrderByPosition(const std::vector<double>& effective, bool rightHand) {
+    std::vector<double> p(effective.size());
+    std::vector<int> order(effective.size());
+    for (std::size_t i = 0; i < p.size(); ++i) {
+        p[i] = Wrap360(effective[i]);
+        order[i] = static_cast<int>(i);
+    }
+    const double p0 = Wrap360(effective[0]);
+    const double lowest = *std::min_element(p.begin(), p.end());
+    for (std::size_t i = 1; i < p.size(); ++i) {
+        p[i] = lowest == p0 ? p[i] - p0 : p[i] + 360.0 - p0;
+    }
+    p[0] = 0.0;
+    if (rightHand) {
+        p[0] = 360.0;
+        SortPositions(p, order, true);
+    } else {
+        SortPositions(p, order, false);
+    }
+    return order;
+}
+
+// A blade holds a sweep when some section of it has two points or more, the least an
+// effective angle is taken from.
+bool HoldsSweep(clsBlades& blade) {
+    for (int k = 0; k < blade.SectionCount(); ++k) {
+        if (blade.Section(k)->RawOffsetCount() >= 2) {
+            return true;
+        }
+    }
+    return false;
+}
+
+// Slot of each swept blade when some blades hold no sweep, so that an unswept blade takes the
+// slot where a blade is missing rather than the end of the order. The swept blades, ordered by
+// their angle from blade 0 against the direction of rotation, go into the slots in that order,
+// each as near its slot's ideal place (S, 2S, ... from blade 0) as the order allows; the
+// unswept blades fill the slots left over, in their own order. Blade 0 stays first.
+std::vector<int> PlaceAroundGaps(const std::vector<double>& angle, const std::vector<bool>& swept,
+                                 bool rightHand) {
+    const int count = static_cast<int>(angle.size());
+    const double spacing = 360.0 / count;
+    std::vector<int> items;
+    std::vector<double> behind(angle.size(), 0.0);
+    for (int b = 1; b < count; ++b) {
+        const double turn = Wrap360(angle[static_cast<std::size_t>(b)] - angle[0]);
+        behind[static_cast<std::size_t>(b)] = rightHand ? Wrap360(-turn) : turn;
+        if (swept[static_cast<std::size_t>(b)]) {
+            items.push_back(b);
+        }
+    }
+    std::stable_sort(items.begin(), items.end(), [&](int x, int y) {
+        return behind[static_cast<std::size_t>(x)] < behind[static_cast<std::size_t>(y)];
+    });
+
+    // cost[t][s]: least total distance with items 0..t placed and item t in slot s; slots
+    // strictly increase along the items.
+    const auto n = static_cast<std::size_t>(count);
+    const double none = std::numeric_limits<double>::infinity();
+    std::vector<std::vector<double>> cost(items.size(), std::vector<double>(n, none));
+    std::vector<std::vector<std::size_t>> from(items.size(), std::vector<std::size_t>(n, 0));
+    for (std::size_t t = 0; t < items.size(); ++t) {
+        const double at = behind[static_cast<std::size_t>(items[t])];
+        for (std::size_t s = t + 1; s < n; ++s) {
+            const double own = std::fabs(Wrap180(at - spacing * static_cast<double>(s)));
+            if (t == 0) {
+                cost[t][s] = own;
+                continue;
+            }
+            for (std::size_t q = t; q < s; ++q) {
+                if (cost[t - 1][q] + own < cost[t][s]) {
+                    cost[t][s] = cost[t - 1][q] + own;
+                    from[t][s] = q;
+                }
+            }
+        }
+    }
+    std::vector<int> order(n, -1);
+    order[0] = 0;
+    if (!items.empty()) {
+        std::size_t s = items.size();
+        for (std::size_t q = s; q < n; ++q) {
+            if (cost[items.size() - 1][q] < cost[items.size() - 1][s]) {
+                s = q;
+            }
+        }
+        for (std::size_t t = items.size(); t-- > 0;) {
+            order[s] = items[t];
+            s = from[t][s];
+        }
+    }
+    std::size_t slot = 1;
+    for (int b = 1; b < count; ++b) {
+        if (swept[static_cast<std::size_t>(b)]) {
+            continue;
+        }
+        while (order[slot] >= 0) {
+            ++slot;
+        }
+        order[slot] = b;
+    }
+    return order;
 }
 
 } // namespace
@@ -233,34 +342,26 @@ std::int32_t AssignScanDataToGL(int scanIndex) {
 
     std::vector<double> effective(static_cast<std::size_t>(count));
     std::vector<double> gl(static_cast<std::size_t>(count));
+    std::vector<bool> swept(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         if (CalcISOEffectiveBladeAngle(effective[static_cast<std::size_t>(i)], *scan, i) == 0) {
             return 0;
         }
-        if (!tail.Step([&] { gl[static_cast<std::size_t>(i)] = scan->Blades(i)->GLPositionThetaDeg(); })) {
+        if (!tail.Step([&] {
+                gl[static_cast<std::size_t>(i)] = scan->Blades(i)->GLPositionThetaDeg();
+                swept[static_cast<std::size_t>(i)] = HoldsSweep(*scan->Blades(i));
+            })) {
             return 0;
         }
     }
-
-    // Positions relative to blade 0. Blades behind blade 0 in [0, 360) are carried past 360
-    // rather than wrapped, which keeps blade 0 first in either order.
-    std::vector<double> p(effective.size());
-    std::vector<int> order(effective.size());
-    for (std::size_t i = 0; i < p.size(); ++i) {
-        p[i] = Wrap360(effective[i]);
-        order[i] = static_cast<int>(i);
-    }
-    const double p0 = Wrap360(effective[0]);
-    const double lowest = *std::min_element(p.begin(), p.end());
-    for (std::size_t i = 1; i < p.size(); ++i) {
-        p[i] = lowest == p0 ? p[i] - p0 : p[i] + 360.0 - p0;
-    }
-    p[0] = 0.0;
-    if (rotation == kRightHand) {
-        p[0] = 360.0;
-        SortPositions(p, order, true);
+    // A blade without a sweep stands nowhere: its effective angle is only its GL angle. Sorted
+    // in with the others it would push the swept blades out of their slots.
+    std::vector<int> order;
+    if (std::find(swept.begin(), swept.end(), false) != swept.end() &&
+        std::find(swept.begin(), swept.end(), true) != swept.end()) {
+        order = PlaceAroundGaps(effective, swept, rotation == kRightHand);
     } else {
-        SortPositions(p, order, false);
+        order = OrderByPosition(effective, rotation == kRightHand);
     }
 
     return tail.Step([&] {

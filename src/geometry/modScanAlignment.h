@@ -31,7 +31,9 @@ std::int32_t ShiftScanDataToGL(int scanIndex);
 
 // Gives the blades their ideal GL angles (right hand 0, -S, -2S, ... wrapped, left hand S, 2S,
 // ... from blade 1, blade 0 keeping its own; S = 360 / BladeCount) and reorders them by
-// effective angle against the direction of rotation, blade 0 first.
+// effective angle against the direction of rotation, blade 0 first. A blade without a sweep of
+// two points has no angle of its own: the swept blades take the slots nearest where they stand,
+// in that order, and the unswept ones the slots left over.
 std::int32_t AssignScanDataToGL(int scanIndex);
 
 // While the encoder box runs (gScanMode 2) the arm must go on reading in the frame of a scan

@@ -133,14 +133,29 @@ TEST_F(EvaluateCommandTest, QuestionsAreAnsweredToGoOnAndShownOnStandardError) {
         for (int k = 0; k < blade->SectionCount(); ++k)
             blade->Section(k)->SetThetaDegArray({});
     });
-    // Whether the geometry copes with the missing blade is its own affair; the question must be
-    // on standard error and answered Yes, which would otherwise end the check at once.
+    // The question must be on standard error and answered Yes, which would otherwise end the
+    // check at once. The blades are renumbered before it is asked: the stored blade 4 stands
+    // 90 degrees behind blade 1, where blade 2 belongs.
     const CliRun run = Cli({"evaluate", path, "--json"});
-    EXPECT_NE(run.err.find("Scan Data Warning...: Blade 4 has no sections. Do you wish to proceed?"),
+    EXPECT_NE(run.err.find("Scan Data Warning...: Blade 2 has no sections. Do you wish to proceed?"),
               std::string::npos)
         << run.err;
     EXPECT_EQ(run.err.find("aborted by the user"), std::string::npos) << run.err;
-    EXPECT_TRUE(run.code == 0 || run.out.empty());
+    ASSERT_EQ(run.code, 0) << run.err;
+    const JsonValue json = Json(run);
+    ExpectRelative(json["ISOPropellerPitch"].number, 36.0, 1e-7, "ISOPropellerPitch");
+    ExpectRelative(json["PitchMean"].number, 36.0, 1e-7, "PitchMean");
+    const JsonValue& blades = json["Blades"];
+    ASSERT_EQ(blades.size(), 4u);
+    const double gl[] = {0, 270, 180, 90};
+    for (std::size_t b = 0; b < 4; ++b) {
+        EXPECT_NEAR(blades[b]["GLPositionThetaDeg"].number, gl[b], 1e-9);
+        if (b != 1) {
+            EXPECT_NEAR(blades[b]["ISOEffectiveBladeAngleDeg"].number, gl[b], 1e-6) << b;
+            ExpectRelative(blades[b]["ISOBladePitch"].number, 36.0, 1e-7, "ISOBladePitch");
+        }
+    }
+    EXPECT_EQ(blades[1]["Sections"][0]["RawOffsetCount"].number, 0.0);
 }
 
 TEST_F(EvaluateCommandTest, UnreadableProjectsExitTwoWithTheReason) {

@@ -106,17 +106,20 @@ TEST_F(CheckScan, ArmRadiusAtOrBelowZeroRefusesTheScan) {
 }
 
 TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
+    // The question is asked after the blades are renumbered against the direction of rotation:
+    // the virtual blades stand in the sense of rotation, so the empty one, 120 degrees ahead of
+    // blade 0, ends up in the last slot.
     clsVirtualPropeller prop;
     prop.BladeCount = 3;
     Sweep(prop)->Blades(1)->SetSectionCount(0);
-    prompts.Expect(Answer::Yes, "Blade 2 has");
+    prompts.Expect(Answer::Yes, "Blade 3 has");
     EXPECT_EQ(CheckScanData(0), 1);
-    ExpectShown(prompts.History().at(0), "Blade 2 has no sections. Do you wish to proceed?",
+    ExpectShown(prompts.History().at(0), "Blade 3 has no sections. Do you wish to proceed?",
                 "Scan Data Warning...", MsgBox::YesNo);
 
     prompts.Clear();
     Sweep(prop)->Blades(1)->SetSectionCount(0);
-    prompts.Expect(Answer::No, "Blade 2 has");
+    prompts.Expect(Answer::No, "Blade 3 has");
     prompts.Expect(Answer::OK, "blade data");
     EXPECT_EQ(CheckScanData(0), 0);
     ExpectShown(prompts.History().at(1), kBladeError, "Scan Data Error", MsgBox::OKOnly);

@@ -1,4 +1,5 @@
 #include "PropertiesFixture.h"
+#include "geometry/modISOPitch.h"
 #include "geometry/modPropellerProperties.h"
 
 #include <gtest/gtest.h>
@@ -166,37 +167,59 @@ TEST_F(PropertiesOnBadScans, ASectionOnOneBladeHasTheSegmentOfThatBlade) {
     ExpectAllFinite(*scan);
 }
 
-// With one blade empty no section row is on every blade, so no blade gets an effective angle:
-// the scan is not turned, and skew and leading edge arc are taken from angle 0.
+// A blade without a sweep takes no part in placing the others: the swept blades are turned and
+// renumbered by where they stand and measured as if the missing blade were not there, and the
+// empty blade takes the slot where a blade is missing. As on the demo propeller, the virtual
+// blades stand in the sense of rotation, the reverse of the slot order, so the empty blade does
+// not keep its number; kept in place, its slot's GL would lie half a turn from a swept blade.
 TEST_F(PropertiesOnBadScans, ABladeWithoutSectionsIsAskedAboutAndLeftEmpty) {
-    clsVirtualPropeller prop = ShopPropeller(0, 4);
-    prop.FirstBladeThetaDeg = 0.0;
-    prop.BladeOffsetDeg = {0.0, -180.0, -360.0, -540.0}; // each virtual blade on its slot's GL
-    auto stored = SweepProject(prop, 30);
-    for (int k = 0; k < 8; ++k) {
-        stored->Blades(2)->Section(k)->SetRawOffsetCount(0);
-    }
-    prompts.Expect(Answer::Yes, "Blade 3 has no sections. Do you wish to proceed?");
-    auto scan = Check();
-    ASSERT_TRUE(scan);
-    ASSERT_EQ(prompts.History().size(), 1u);
-    EXPECT_EQ(prompts.History()[0].title, "Scan Data Warning...");
-    ExpectAllFinite(*scan);
-    for (int slot : {0, 1, 3}) {
-        auto blade = scan->Blades(slot);
-        EXPECT_EQ(blade->ISOEffectiveBladeAngleDeg(), 0.0);
+    struct Case {
+        std::int16_t rotation;
+        int empty;
+        const char* question;
+    };
+    for (const Case c : {Case{0, 3, "Blade 2 has no sections. Do you wish to proceed?"},
+                         Case{1, 1, "Blade 4 has no sections. Do you wish to proceed?"},
+                         Case{0, 2, "Blade 3 has no sections. Do you wish to proceed?"}}) {
+        SCOPED_TRACE("rotation " + std::to_string(c.rotation) + ", empty " + std::to_string(c.empty));
+        prompts.Clear();
+        clsVirtualPropeller prop = ShopPropeller(c.rotation, 4);
+        prop.BladeOffsetDeg = {0.0, 0.5, -0.3, 0.2};
+        // The ideal segment is the one the swept blades share.
+        prop.BladeOffsetDeg[static_cast<std::size_t>(c.empty)] = 0.0;
+        auto stored = SweepProject(prop, 30);
         for (int k = 0; k < 8; ++k) {
-            const double q = kStandardRadialPositions[static_cast<std::size_t>(k)];
-            EXPECT_TRUE(Near(blade->RadialPos(k), q, kExact));
-            EXPECT_TRUE(Near(blade->Pitch(k), 2400.0, kExact));
-            EXPECT_TRUE(Near(blade->Chord(k), prop.At(prop.Chord, q), kExact));
-            EXPECT_TRUE(Near(blade->Section(k)->SegmentPanelPitch(3), 2400.0, kExact));
+            stored->Blades(c.empty)->Section(k)->SetRawOffsetCount(0);
         }
+        prompts.Expect(Answer::Yes, c.question);
+        auto scan = Check();
+        ASSERT_TRUE(scan);
+        ASSERT_EQ(prompts.History().size(), 1u);
+        EXPECT_EQ(prompts.History()[0].title, "Scan Data Warning...");
+        ExpectAllFinite(*scan);
+
+        const IdealScan ideal{prop};
+        const int gap = (4 - c.empty) % 4;
+        for (int slot = 0; slot < 4; ++slot) {
+            auto blade = scan->Blades(slot);
+            EXPECT_TRUE(SameAngle(blade->GLPositionThetaDeg(), ideal.GL(slot)));
+            for (int k = 0; k < 8; ++k) {
+                if (slot == gap) {
+                    ExpectUnmeasured(*scan, slot, k);
+                } else {
+                    ExpectIdealSection(ideal, *scan, slot, k);
+                }
+            }
+            if (slot != gap) {
+                EXPECT_TRUE(SameAngle(blade->ISOEffectiveBladeAngleDeg(), ideal.Effective(slot)));
+                EXPECT_TRUE(Near(blade->ISOBladePitch(), 2400.0, kExact));
+            }
+        }
+        EXPECT_TRUE(Near(scan->ISOPropellerPitch(), 2400.0, kExact));
+        // The empty blade's pitch of 0 does not count in the mean.
+        ASSERT_EQ(CalcIntegratedPropellerPitch(*scan), 1);
+        EXPECT_TRUE(Near(scan->PitchMean(), 2400.0, kExact));
     }
-    for (int k = 0; k < 8; ++k) {
-        ExpectUnmeasured(*scan, 2, k);
-    }
-    EXPECT_TRUE(Near(scan->ISOPropellerPitch(), 2400.0, kExact));
 }
 
 TEST_F(PropertiesOnBadScans, BladesWithoutACommonSegmentCannotBeResampled) {
