@@ -2,12 +2,14 @@
 
 #include "geometry/GeometryChecks.h"
 #include "geometry/GuardedStep.h"
+#include "geometry/clsSplineFitCache.h"
 #include "model/modUtilities.h"
 
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 // Building the curve: input points, the walk over straight runs and the interpolation of the
 // curved spans between them. Evaluation is in clsSplineFitEvaluate.cpp.
@@ -83,6 +85,19 @@ InterpolationRows& Rows() {
     return rows;
 }
 
+// GuardedStep that also sets `faulted` when the step threw, whatever the answer to the error: a
+// fit that ran into an error must not be kept and handed out again without its message.
+template <typename F> bool NotedStep(const char* context, bool& faulted, F&& step) {
+    return GuardedStep(context, [&] {
+        try {
+            step();
+        } catch (...) {
+            faulted = true;
+            throw;
+        }
+    });
+}
+
 } // namespace
 
 clsSplineFit::clsSplineFit() : points_(1), control_(1) {}
@@ -92,6 +107,10 @@ void clsSplineFit::SetCount(std::int32_t n) {
         n = 1;
     }
     points_.resize(static_cast<std::size_t>(n));
+    if (keptControl_) {
+        control_ = *keptControl_;
+        keptControl_.reset();
+    }
     control_.resize(3 * static_cast<std::size_t>(n) - 2);
     count_ = n;
     knotOrder_ = 0;
@@ -99,7 +118,36 @@ void clsSplineFit::SetCount(std::int32_t n) {
 
 void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& startTanY, double& endTanX,
                                                  double& endTanY, std::int16_t method) {
-    GuardedStep("creating 2D spline (with linear)", [&] {
+    // Two points or fewer cost less to fit than to look up.
+    clsSplineFitCache* const cache = count_ >= 3 ? clsSplineFitCache::Active() : nullptr;
+    clsSplineFitCache::Settings settings;
+    std::vector<PointDouble> input;
+    if (cache) {
+        settings.tangents = {startTanX, startTanY, endTanX, endTanY};
+        settings.method = method;
+        settings.baseShift = baseShift_;
+        if (const clsSplineFitCache::Result* kept = cache->Find(points_, settings)) {
+            if (!kept->points.empty()) {
+                points_ = kept->points;
+                count_ = static_cast<std::int32_t>(points_.size());
+            }
+            keptControl_ = kept->control;
+            knotOrder_ = kept->knotOrder;
+            startTanX = kept->tangents[0];
+            startTanY = kept->tangents[1];
+            endTanX = kept->tangents[2];
+            endTanY = kept->tangents[3];
+            return;
+        }
+        input = points_; // the key: the points before repeats are dropped
+    }
+    if (keptControl_) {
+        // The fit below writes into control_ as it stood before the kept points replaced it.
+        control_ = *keptControl_;
+        keptControl_.reset();
+    }
+    faulted_ = false;
+    NotedStep("creating 2D spline (with linear)", faulted_, [&] {
         if (count_ < 3) {
             InterpolateSpline2D(points_, 0, count_, startTanX, startTanY, endTanX, endTanY, control_, 0,
                                 method);
@@ -176,11 +224,24 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
         }
         knotOrder_ = rising ? 1 : (falling ? -1 : 0);
     }
+    if (cache && !faulted_) {
+        clsSplineFitCache::Result result;
+        result.tangents = {startTanX, startTanY, endTanX, endTanY};
+        if (points_.size() != input.size()) {
+            result.points = points_;
+        }
+        // The fit goes on using its control points from the cache: they are not copied.
+        keptControl_ = std::make_shared<const std::vector<PointDouble>>(std::move(control_));
+        control_.clear();
+        result.control = keptControl_;
+        result.knotOrder = knotOrder_;
+        cache->Keep(std::move(input), settings, std::move(result));
+    }
 }
 
 void clsSplineFit::GetNextColinearSection(int from, double startTanX, double startTanY, double endTanX,
                                           double endTanY, int& first, int& last, double& angle) const {
-    GuardedStep("getting next colinear section", [&] {
+    NotedStep("getting next colinear section", faulted_, [&] {
         int foundFirst = -1;
         int foundLast = -1;
         double foundAngle = angle;
@@ -205,7 +266,7 @@ void clsSplineFit::GetNextColinearSection(int from, double startTanX, double sta
 }
 
 void clsSplineFit::MakeSectionLinear(int first, int last) {
-    GuardedStep("processing making section linear", [&] {
+    NotedStep("processing making section linear", faulted_, [&] {
         if (first >= last) {
             return;
         }
@@ -231,7 +292,7 @@ void clsSplineFit::MakeSectionLinear(int first, int last) {
 int clsSplineFit::GetLastColinearPoint(int idx, double startTanX, double startTanY, double endTanX,
                                        double endTanY, double& angle) const {
     int result = 0;
-    GuardedStep("getting last colinear point", [&] {
+    NotedStep("getting last colinear point", faulted_, [&] {
         const int n = count_;
         int k = idx + 1;
         At(points_, idx);
@@ -323,7 +384,7 @@ bool clsSplineFit::SameDirection(int first, int k) const {
 void clsSplineFit::InterpolateSpline2D(const std::vector<PointDouble>& points, int pointBase, int n,
                                        double& startTanX, double& startTanY, double& endTanX, double& endTanY,
                                        std::vector<PointDouble>& control, int controlBase, int method) {
-    GuardedStep("interpolating spline 2d", [&] {
+    NotedStep("interpolating spline 2d", faulted_, [&] {
         const long long pBase = static_cast<long long>(pointBase) + baseShift_;
         const long long cBase = static_cast<long long>(controlBase_) + controlBase;
         if (n <= 0) {

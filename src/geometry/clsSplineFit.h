@@ -3,6 +3,7 @@
 #include "geometry/GeometryChecks.h"
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 namespace corvane {
@@ -110,12 +111,18 @@ private:
     std::int32_t baseShift_ = 0;
     std::vector<PointDouble> points_;  // count_ points
     std::vector<PointDouble> control_; // 3 * count_ - 2 points
+    // The control points of an identical earlier fit, shared with the fit cache instead of
+    // copied; when set it stands for control_ (see Control), until the points are resized.
+    std::shared_ptr<const std::vector<PointDouble>> keptControl_;
+    const std::vector<PointDouble>& Control() const { return keptControl_ ? *keptControl_ : control_; }
     int controlBase_ = 0;
     // Step directions of the walk while the control points are built (NaN: not yet worked out).
     mutable std::vector<double> stepAngle_;
     // +1 when the X of the control points at the input points strictly grows, -1 when it
     // strictly falls, 0 otherwise: a query then finds its segment by halving instead of walking.
     int knotOrder_ = 0;
+    // Set while the control points are built when a step ran into an error.
+    mutable bool faulted_ = false;
 };
 
 } // namespace corvane

@@ -65,14 +65,14 @@ std::vector<clsSplineFit::Sample> clsSplineFit::Samples() const {
     std::vector<Sample> samples;
     const int last = controlBase_ + 3 * (count_ - 1);
     if (count_ < 2) {
-        samples.push_back(Sample{At(control_, controlBase_), 0.0, 0.0});
+        samples.push_back(Sample{At(Control(), controlBase_), 0.0, 0.0});
         return samples;
     }
     const int start = last - 3;
     samples.reserve(static_cast<std::size_t>(count_ - 1) * kSamplesPerSegment + 1);
     for (int seg = controlBase_; seg <= start; seg += 3) {
-        const Cubic cx = Coeffs(control_, seg, 0, false);
-        const Cubic cy = Coeffs(control_, seg, 1, false);
+        const Cubic cx = Coeffs(Control(), seg, 0, false);
+        const Cubic cy = Coeffs(Control(), seg, 1, false);
         // Each segment up to u = 0.99, the last one up to its end.
         const int steps = seg == start ? kSamplesPerSegment : kSamplesPerSegment - 1;
         for (int k = 0; k <= steps; ++k) {
@@ -126,15 +126,15 @@ void clsSplineFit::EvalAtT2D(double t, double& xOut, double& yOut, double& tange
     } else {
         seg = controlBase_ + static_cast<int>(whole) * 3;
     }
-    xOut = Coeffs(control_, seg, 0, false).Value(u);
-    yOut = Coeffs(control_, seg, 1, false).Value(u);
+    xOut = Coeffs(Control(), seg, 0, false).Value(u);
+    yOut = Coeffs(Control(), seg, 1, false).Value(u);
     Derivatives(seg, u, false, tangentOut, curvatureOut);
 }
 
 double clsSplineFit::EvalAtX2D(double x, double& tangentOut, double& curvatureOut, int direction) {
     double result = 0.0;
     GuardedStep("processing spline eval at x 2d Ex", [&] {
-        const std::vector<PointDouble>& c = control_;
+        const std::vector<PointDouble>& c = Control();
         if (count_ < 2) { // one point: the curve is that point at every X
             result = At(c, controlBase_).Y;
             return;
@@ -267,8 +267,8 @@ void clsSplineFit::Derivatives(int seg, double u, bool extrapolate, double& tang
     if (!wantTangent && !wantCurvature) {
         return;
     }
-    const Cubic cx = Coeffs(control_, seg, 0, extrapolate);
-    const Cubic cy = Coeffs(control_, seg, 1, extrapolate);
+    const Cubic cx = Coeffs(Control(), seg, 0, extrapolate);
+    const Cubic cy = Coeffs(Control(), seg, 1, extrapolate);
     const double dX = cx.Slope(u);
     const double dY = cy.Slope(u);
     const double ddX = cx.Bend(u);

@@ -389,6 +389,9 @@ std::int16_t GetBestISOClass(int scanIndex, bool belowLimit, ISOClassCodes& code
         trial.SetISOTaskIndex(projectISO->ISOTaskIndex());
         const std::int16_t asked = projectISO->ISOClassIndex();
         std::int16_t verdict = 0;
+        // Only the panel grid and the windows change from one class to the next: every raw
+        // curve of the scan and of its reference is fitted in the first run only.
+        const std::shared_ptr<void> fits = HoldISOGeometryFits();
         for (const std::int16_t classIndex : kClassesTried) {
             trial.SetISOClassIndex(classIndex);
             ClearISOCriteriaStatus();

@@ -112,6 +112,11 @@ const ISOGeometrySteps& GetISOGeometrySteps() {
     return InstalledSteps();
 }
 
+std::shared_ptr<void> HoldISOGeometryFits() {
+    const ISOGeometrySteps& steps = GetISOGeometrySteps();
+    return steps.HoldFits ? steps.HoldFits() : nullptr;
+}
+
 ISOGeometryScope::ISOGeometryScope(ISOGeometrySteps steps) : previous_(InstalledSteps()) {
     InstalledSteps() = std::move(steps);
 }
@@ -122,6 +127,8 @@ ISOGeometryScope::~ISOGeometryScope() {
 
 std::int32_t CalculateAllISOData(std::int16_t& useRawEnds) {
     ErrorTail tail("calculating all ISO data");
+    // The scan's raw curves are read again by the reference and the comparison with it.
+    const std::shared_ptr<void> fits = HoldISOGeometryFits();
     std::shared_ptr<clsPropeller> scan;
     const bool ready = tail.Step([&] {
         if (!gProject) {

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 
 namespace corvane {
 
@@ -26,7 +27,13 @@ struct ISOGeometrySteps {
     // Axial drop of a section at an absolute angle in degrees.
     std::function<std::int32_t(clsPropeller& propeller, int blade, int section, double theta, double& result)>
         CalcSectionAxialDrop;
+    // Optional: keeps the curves fitted while the handle it returns lives, so that runs of the
+    // chain over unchanged data fit each raw curve once. The results are the same either way.
+    std::function<std::shared_ptr<void>()> HoldFits;
 };
+
+// The handle of HoldFits when one is installed, else null.
+std::shared_ptr<void> HoldISOGeometryFits();
 
 void SetISOGeometrySteps(ISOGeometrySteps steps);
 const ISOGeometrySteps& GetISOGeometrySteps();

@@ -1,5 +1,6 @@
 #include "reference/CalculationChain.h"
 
+#include "geometry/clsSplineFitCache.h"
 #include "geometry/modISOPitch.h"
 #include "geometry/modLocalPitch.h"
 #include "geometry/modPanelCount.h"
@@ -34,6 +35,7 @@ void InstallISOSteps() {
                                     double& result) {
         return CalcSectionAxialDrop(propeller, blade, section, theta, result);
     };
+    steps.HoldFits = [] { return HoldSplineFits(); };
     SetISOGeometrySteps(std::move(steps));
 }
 

@@ -1,0 +1,188 @@
+#include "geometry/clsSplineFitCache.h"
+
+#include "common/ServicesFixture.h"
+#include "geometry/clsSplineFit.h"
+#include "model/Globals.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace corvane {
+namespace {
+
+using test::ServicesTest;
+
+class clsSplineFitCacheTest : public ServicesTest {
+protected:
+    void SetUp() override {
+        ServicesTest::SetUp();
+        gAppDataPath = environment.appDataFolder; // the error log goes to the scratch folder
+    }
+
+    struct Tangents {
+        double startX = kSplineUnset;
+        double startY = kSplineUnset;
+        double endX = kSplineUnset;
+        double endY = kSplineUnset;
+    };
+
+    static clsSplineFit Fit(const std::vector<PointDouble>& points, std::int16_t method, Tangents& t) {
+        clsSplineFit spline;
+        spline.SetCount(static_cast<std::int32_t>(points.size()));
+        for (std::size_t i = 0; i < points.size(); ++i) {
+            spline.SetX(static_cast<int>(i), points[i].X);
+            spline.SetY(static_cast<int>(i), points[i].Y);
+        }
+        spline.MakeControlWithLinearSections(t.startX, t.startY, t.endX, t.endY, method);
+        return spline;
+    }
+
+    static clsSplineFit Fit(const std::vector<PointDouble>& points,
+                            std::int16_t method = clsSplineFit::kSpacingAlongX) {
+        Tangents t;
+        return Fit(points, method, t);
+    }
+
+    // Everything a fit answers, read across and beyond its span: value, tangent and curvature
+    // angles at X, the point at a length fraction, and the length.
+    static std::vector<double> Answers(clsSplineFit& spline) {
+        std::vector<double> out{static_cast<double>(spline.count())};
+        for (int i = -2; i <= 42; ++i) {
+            double tangent = 0.0;
+            double curvature = 0.0;
+            double y = 0.0;
+            spline.EvalAtX(i * 0.25, tangent, curvature, y);
+            out.insert(out.end(), {y, tangent, curvature});
+        }
+        for (int i = 0; i <= 10; ++i) {
+            double x = 0.0;
+            double y = 0.0;
+            double tangent = 0.0;
+            double curvature = 0.0;
+            spline.EvalAtT(i / 10.0, x, y, tangent, curvature);
+            out.insert(out.end(), {x, y, tangent, curvature});
+        }
+        double length = 0.0;
+        spline.ArcLength(length);
+        out.push_back(length);
+        return out;
+    }
+
+    // A swept curve with a straight run, a repeated point and a bend: every path of the fit.
+    static std::vector<PointDouble> Sweep() {
+        std::vector<PointDouble> points;
+        for (int i = 0; i <= 40; ++i) {
+            const double x = i * 0.25;
+            const double y = i < 12 ? 0.5 * x : std::sin(x) + 0.2 * x * x;
+            points.push_back({x, y});
+            if (i == 20) {
+                points.push_back({x, y});
+            }
+        }
+        return points;
+    }
+
+    // Exact equality, NaN included: a kept fit must answer bit for bit as a fresh one.
+    static void ExpectSameBits(const std::vector<double>& a, const std::vector<double>& b) {
+        ASSERT_EQ(a.size(), b.size());
+        for (std::size_t i = 0; i < a.size(); ++i) {
+            EXPECT_TRUE(a[i] == b[i] || (std::isnan(a[i]) && std::isnan(b[i])))
+                << "answer " << i << ": " << a[i] << " against " << b[i];
+        }
+    }
+};
+
+TEST_F(clsSplineFitCacheTest, AKeptFitAnswersExactlyAsAFreshOne) {
+    clsSplineFit fresh = Fit(Sweep());
+    const std::vector<double> expected = Answers(fresh);
+    ASSERT_EQ(expected[0], static_cast<double>(Sweep().size() - 1)); // the repeat was dropped
+    // Chord spacing with natural ends hands computed tangents back: they must come back too.
+    Tangents freshTangents;
+    const std::int16_t natural = clsSplineFit::kChordSpacing | clsSplineFit::kNaturalEndX |
+                                 clsSplineFit::kNaturalEndY | clsSplineFit::kNaturalStartX |
+                                 clsSplineFit::kNaturalStartY;
+    clsSplineFit freshChord = Fit(Sweep(), natural, freshTangents);
+    ASSERT_NE(freshTangents.endX, kSplineUnset); // the bent end hands its tangent back
+
+    const auto hold = HoldSplineFits();
+    ASSERT_NE(clsSplineFitCache::Active(), nullptr);
+    for (int pass = 0; pass < 2; ++pass) {
+        // The second pass is answered from the cache: it keeps nothing new.
+        const std::size_t entries = clsSplineFitCache::Active()->Entries();
+        clsSplineFit again = Fit(Sweep());
+        Tangents tangents;
+        clsSplineFit chord = Fit(Sweep(), natural, tangents);
+        EXPECT_EQ(clsSplineFitCache::Active()->Entries(), entries + (pass == 0 ? 2u : 0u));
+        ExpectSameBits(Answers(again), expected);
+        ExpectSameBits(Answers(chord), Answers(freshChord));
+        ExpectSameBits({tangents.startX, tangents.startY, tangents.endX, tangents.endY},
+                       {freshTangents.startX, freshTangents.startY, freshTangents.endX, freshTangents.endY});
+    }
+
+    // Resizing a spline whose control points came from the cache keeps them, as it keeps its own.
+    clsSplineFit kept = Fit(Sweep());
+    clsSplineFit own = fresh;
+    kept.SetCount(kept.count());
+    own.SetCount(own.count());
+    ExpectSameBits(Answers(kept), Answers(own));
+}
+
+TEST_F(clsSplineFitCacheTest, OneBitOfInputOrASettingMakesAnotherFit) {
+    std::vector<PointDouble> nudged = Sweep();
+    nudged[30].Y = std::nextafter(nudged[30].Y, 1e9);
+    clsSplineFit freshNudged = Fit(nudged);
+    clsSplineFit freshUniform = Fit(Sweep(), clsSplineFit::kUniformSpacing);
+    Tangents tangent;
+    tangent.startX = 1.0;
+    tangent.startY = 0.0;
+    clsSplineFit freshTangent = Fit(Sweep(), clsSplineFit::kSpacingAlongX, tangent);
+
+    const auto hold = HoldSplineFits();
+    Fit(Sweep()); // kept first: none of the fits below may be answered with it
+    clsSplineFit heldNudged = Fit(nudged);
+    clsSplineFit heldUniform = Fit(Sweep(), clsSplineFit::kUniformSpacing);
+    Tangents heldTangents;
+    heldTangents.startX = 1.0;
+    heldTangents.startY = 0.0;
+    clsSplineFit heldTangent = Fit(Sweep(), clsSplineFit::kSpacingAlongX, heldTangents);
+    EXPECT_EQ(clsSplineFitCache::Active()->Entries(), 4u);
+    ExpectSameBits(Answers(heldNudged), Answers(freshNudged));
+    ExpectSameBits(Answers(heldUniform), Answers(freshUniform));
+    ExpectSameBits(Answers(heldTangent), Answers(freshTangent));
+}
+
+TEST_F(clsSplineFitCacheTest, AFitThatRanIntoAnErrorIsFittedAndToldAgain) {
+    // Equal X with different Y: the handler hears of it on every fit, held or not.
+    prompts.Expect(Answer::Ignore, "A mathematical error has occurred interpolating spline 2d.");
+    prompts.Expect(Answer::Ignore, "A mathematical error has occurred interpolating spline 2d.");
+    const auto hold = HoldSplineFits();
+    const std::vector<PointDouble> broken = {{0, 0}, {1, 1}, {1, 2}, {3, 0}};
+    clsSplineFit first = Fit(broken);
+    clsSplineFit second = Fit(broken);
+    EXPECT_EQ(clsSplineFitCache::Active()->Entries(), 0u);
+    ExpectSameBits(Answers(second), Answers(first));
+}
+
+TEST_F(clsSplineFitCacheTest, HoldsNestAndTheCacheGoesWithTheOuterOne) {
+    EXPECT_EQ(clsSplineFitCache::Active(), nullptr);
+    {
+        const auto outer = HoldSplineFits();
+        clsSplineFitCache* cache = clsSplineFitCache::Active();
+        ASSERT_NE(cache, nullptr);
+        {
+            const auto inner = HoldSplineFits();
+            EXPECT_EQ(clsSplineFitCache::Active(), cache);
+            Fit(Sweep());
+        }
+        EXPECT_EQ(clsSplineFitCache::Active(), cache);
+        EXPECT_EQ(cache->Entries(), 1u);
+    }
+    EXPECT_EQ(clsSplineFitCache::Active(), nullptr);
+    const auto next = HoldSplineFits();
+    EXPECT_EQ(clsSplineFitCache::Active()->Entries(), 0u);
+}
+
+} // namespace
+} // namespace corvane
