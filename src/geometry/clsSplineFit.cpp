@@ -5,6 +5,7 @@
 #include "geometry/clsSplineFitCache.h"
 #include "model/modUtilities.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -100,20 +101,51 @@ template <typename F> bool NotedStep(const char* context, bool& faulted, F&& ste
 
 } // namespace
 
-clsSplineFit::clsSplineFit() : points_(1), control_(1) {}
+clsSplineFit::clsSplineFit() : points_(1) {}
 
 void clsSplineFit::SetCount(std::int32_t n) {
     if (n <= 0) {
         n = 1;
     }
     points_.resize(static_cast<std::size_t>(n));
+    controlSize_ = 3 * static_cast<std::size_t>(n) - 2;
     if (keptControl_) {
-        control_ = *keptControl_;
-        keptControl_.reset();
+        keptPrefix_ = std::min(keptPrefix_, controlSize_);
+    } else if (!controlBlank_) {
+        control_.resize(controlSize_);
     }
-    control_.resize(3 * static_cast<std::size_t>(n) - 2);
     count_ = n;
     knotOrder_ = 0;
+}
+
+// control_ becomes what the resizes since the kept points came would have left of them.
+void clsSplineFit::TakeKeptControl() const {
+    control_.assign(keptControl_->begin(), keptControl_->begin() + static_cast<std::ptrdiff_t>(keptPrefix_));
+    control_.resize(controlSize_);
+    keptControl_.reset();
+    controlBlank_ = false;
+}
+
+const std::vector<PointDouble>& clsSplineFit::Control() const {
+    if (keptControl_) {
+        if (keptPrefix_ == controlSize_ && keptControl_->size() == controlSize_) {
+            return *keptControl_;
+        }
+        TakeKeptControl();
+    }
+    if (control_.size() != controlSize_) {
+        control_.resize(controlSize_);
+    }
+    return control_;
+}
+
+void clsSplineFit::OwnControl() {
+    if (keptControl_) {
+        // The fit writes into the control points as they stood before the kept ones replaced them.
+        TakeKeptControl();
+    }
+    control_.resize(controlSize_);
+    controlBlank_ = false;
 }
 
 void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& startTanY, double& endTanX,
@@ -132,6 +164,8 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
                 count_ = static_cast<std::int32_t>(points_.size());
             }
             keptControl_ = kept->control;
+            controlSize_ = keptControl_->size();
+            keptPrefix_ = controlSize_;
             knotOrder_ = kept->knotOrder;
             startTanX = kept->tangents[0];
             startTanY = kept->tangents[1];
@@ -141,11 +175,7 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
         }
         input = points_; // the key: the points before repeats are dropped
     }
-    if (keptControl_) {
-        // The fit below writes into control_ as it stood before the kept points replaced it.
-        control_ = *keptControl_;
-        keptControl_.reset();
-    }
+    OwnControl();
     faulted_ = false;
     NotedStep("creating 2D spline (with linear)", faulted_, [&] {
         if (count_ < 3) {
@@ -232,6 +262,7 @@ void clsSplineFit::MakeControlWithLinearSections(double& startTanX, double& star
         }
         // The fit goes on using its control points from the cache: they are not copied.
         keptControl_ = std::make_shared<const std::vector<PointDouble>>(std::move(control_));
+        keptPrefix_ = keptControl_->size();
         control_.clear();
         result.control = keptControl_;
         result.knotOrder = knotOrder_;

@@ -2,6 +2,7 @@
 
 #include "geometry/GeometryChecks.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -109,12 +110,23 @@ private:
 
     std::int32_t count_ = 1;
     std::int32_t baseShift_ = 0;
-    std::vector<PointDouble> points_;  // count_ points
-    std::vector<PointDouble> control_; // 3 * count_ - 2 points
+    std::vector<PointDouble> points_; // count_ points
+    // 3 * count_ - 2 points (controlSize_). Until a fit first writes them they are all zero, and
+    // they are only allocated when read (see Control): a fit answered from the cache never needs
+    // its own.
+    mutable std::vector<PointDouble> control_;
+    std::size_t controlSize_ = 1;
+    mutable bool controlBlank_ = true;
     // The control points of an identical earlier fit, shared with the fit cache instead of
-    // copied; when set it stands for control_ (see Control), until the points are resized.
-    std::shared_ptr<const std::vector<PointDouble>> keptControl_;
-    const std::vector<PointDouble>& Control() const { return keptControl_ ? *keptControl_ : control_; }
+    // copied. While set they stand for control_; should the count have changed since, they are
+    // copied and resized as control_ would have been, on first read.
+    mutable std::shared_ptr<const std::vector<PointDouble>> keptControl_;
+    // How much of keptControl_ every resize since has kept: beyond it, zeros.
+    mutable std::size_t keptPrefix_ = 0;
+    void TakeKeptControl() const;
+    const std::vector<PointDouble>& Control() const;
+    // Makes control_ the fit's own, sized, before a fit writes into it.
+    void OwnControl();
     int controlBase_ = 0;
     // Step directions of the walk while the control points are built (NaN: not yet worked out).
     mutable std::vector<double> stepAngle_;

@@ -377,32 +377,4 @@ std::string StripControlChars(std::string_view text, bool keepLineBreaks) {
     return out;
 }
 
-double Wrap360(double angle) {
-    if (!std::isfinite(angle)) {
-        return 0.0;
-    }
-    // Beyond this magnitude the stepping loops below would run for long; reduce first.
-    if (std::fabs(angle) > 1e7) {
-        angle = std::fmod(angle, 360.0);
-    }
-    while (angle <= 0.0) {
-        angle += 360.0;
-    }
-    while (angle > 360.0) {
-        angle -= 360.0;
-    }
-    if (angle == 360.0) {
-        angle = 0.0;
-    }
-    return angle;
-}
-
-double Wrap180(double angle) {
-    double a = Wrap360(angle);
-    if (a > 180.0) {
-        a = -(360.0 - a);
-    }
-    return a;
-}
-
 } // namespace corvane

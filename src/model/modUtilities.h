@@ -6,6 +6,7 @@
 
 #include "model/DateTime.h"
 
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -89,8 +90,34 @@ DateTime StampToDate(std::string_view text);
 // Drops characters below code 32; line feeds and carriage returns stay when asked.
 std::string StripControlChars(std::string_view text, bool keepLineBreaks = false);
 
-// Degrees into [0, 360) and (-180, 180]. Non-finite input gives 0.
-double Wrap360(double angle);
-double Wrap180(double angle);
+// Degrees into [0, 360) and (-180, 180]. Non-finite input gives 0. Inline: the geometry wraps
+// every point of every sweep several times over.
+inline double Wrap360(double angle) {
+    if (!std::isfinite(angle)) {
+        return 0.0;
+    }
+    // Beyond this magnitude the stepping loops below would run for long; reduce first.
+    if (std::fabs(angle) > 1e7) {
+        angle = std::fmod(angle, 360.0);
+    }
+    while (angle <= 0.0) {
+        angle += 360.0;
+    }
+    while (angle > 360.0) {
+        angle -= 360.0;
+    }
+    if (angle == 360.0) {
+        angle = 0.0;
+    }
+    return angle;
+}
+
+inline double Wrap180(double angle) {
+    double a = Wrap360(angle);
+    if (a > 180.0) {
+        a = -(360.0 - a);
+    }
+    return a;
+}
 
 } // namespace corvane

@@ -127,6 +127,11 @@ TEST_F(clsSplineFitCacheTest, AKeptFitAnswersExactlyAsAFreshOne) {
     kept.SetCount(kept.count());
     own.SetCount(own.count());
     ExpectSameBits(Answers(kept), Answers(own));
+    clsSplineFit shrunk = Fit(Sweep());
+    clsSplineFit ownShrunk = fresh;
+    shrunk.SetCount(6);
+    ownShrunk.SetCount(6);
+    ExpectSameBits(Answers(shrunk), Answers(ownShrunk));
 }
 
 TEST_F(clsSplineFitCacheTest, OneBitOfInputOrASettingMakesAnotherFit) {
