@@ -6,13 +6,16 @@
 //
 // Targets, release build: a typical scan (4 blades x 8 sections x 800 points) in at most 15 ms,
 // a heavy one (7 x 8 x 2,000) in at most 60 ms.
-// Measured (RelWithDebInfo, 2 cores at 2.1 GHz, other builds running): typical 78 ms, heavy
-// 293 ms; not met. On the same machine one scan check with its properties (bench_geometry_scan)
-// takes 3.7 ms and 16.3 ms, and every pass measures the scan and the reference copy of it again,
-// so four passes cannot come under the targets while each pass recalculates the geometry. Most
-// of the time goes into fitting the raw section curves (clsSectionDropCurve, clsSplineFit); the
-// way to the targets is to measure the scan once for the four classes (only the panel counts
-// depend on the class) and to fit each raw curve once per pass.
+// Measured (RelWithDebInfo, 2 cores at 2.1 GHz, other builds running) before the fitted curves
+// were kept: typical 78 ms, heavy 293 ms. Every pass measured the scan and the reference copy of
+// it again and fitted every raw curve anew, though only the panel grids and the windows change
+// from class to class. Now each fit is kept, keyed on its exact input, for the whole search
+// (clsSplineFitCache): typical 17-18 ms, heavy 70-85 ms; still above the targets. What is left
+// is the work around the fits that every pass repeats on each raw point: wrapping the angles and
+// loading the points of each fit (a kept fit is found by comparing its whole input), the spline
+// queries of the resampling, the reference copy of the scan and its rebuilt sections, and the
+// memory the first pass takes for its fits (some 15 MB for the heavy scan). On the same machine
+// one check of the typical scan with its properties (bench_geometry_scan) takes 3.1 ms.
 //
 // The scans come from the virtual propeller quantised as the arm's encoders quantise (0.009
 // degree, 0.01 mm); the reference is a scan reference on the variable pitch of the propeller.
