@@ -194,21 +194,23 @@ TEST_F(MainWindowTest, BladeButtonsOnTheCheckPageSwitchBladesAndIgnoreDisabledOn
     ISOGeometryScope geometry(PassingGeometry());
     UseDemoProject();
     ClearBlade(3);
-    prompts.Expect(Answer::Yes, "Blade 4 has no sections.");
+    // The check numbers the blades against rotation: the demo's stored blade 4 stands where
+    // blade 2 belongs, so the empty blade is asked about, and disabled, as blade 2.
+    prompts.Expect(Answer::Yes, "Blade 2 has no sections.");
     window->ctlCheckButton_Click();
     ASSERT_EQ(window->ActivePage(), frmCorvane::PageCheck);
 
-    window->ctlBlades_Click(1);
+    window->ctlBlades_Click(3);
     EXPECT_EQ(window->BladeViewMode(), 2);
     EXPECT_EQ(Strip().ctlAll->Caption(), QStringLiteral("ANY"));
-    EXPECT_FALSE(gShowBladeFlags[1]);
-    EXPECT_FALSE(BladePressed(1));
-    window->ctlBlades_Click(1);
-    EXPECT_TRUE(gShowBladeFlags[1]);
-    EXPECT_TRUE(BladePressed(1));
-    window->ctlBlades_Click(3);
     EXPECT_FALSE(gShowBladeFlags[3]);
     EXPECT_FALSE(BladePressed(3));
+    window->ctlBlades_Click(3);
+    EXPECT_TRUE(gShowBladeFlags[3]);
+    EXPECT_TRUE(BladePressed(3));
+    window->ctlBlades_Click(1);
+    EXPECT_FALSE(gShowBladeFlags[1]);
+    EXPECT_FALSE(BladePressed(1));
 
     // ctlAll flips between ALL and ISO; ANY goes to ISO.
     window->ctlAll_Click();
