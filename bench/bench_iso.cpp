@@ -22,6 +22,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include "BenchProject.h"
+
 #include "acquisition/clsVirtualPropeller.h"
 #include "geometry/modCheckScanData.h"
 #include "geometry/modPropellerProperties.h"
@@ -43,34 +45,11 @@ namespace {
 // A checked project in millimetres around a 3 m propeller swept with `points` points per section,
 // with a scan reference on its own pitch. False when the scan does not calculate.
 bool MakeProject(int blades, int points) {
-    clsVirtualPropeller prop;
-    prop.Diameter = 3000.0;
-    prop.MillimetresPerUnit = 1.0;
-    prop.BladeCount = static_cast<std::int16_t>(blades);
-    prop.Pitch = {{0.3, 2100.0}, {0.95, 2500.0}};
-    prop.Chord = {{0.3, 450.0}, {0.7, 800.0}, {0.95, 500.0}};
-    prop.Rake = {{0.3, 0.0}, {0.95, 60.0}};
-    prop.SkewDeg = {{0.3, -2.0}, {0.95, 15.0}};
-    prop.FirstBladeThetaDeg = 350.0;
-    prop.BladeOffsetDeg = {0.0, 0.4, -0.3, 0.2, -0.5, 0.1, 0.3};
-    prop.AngleCountsPerRotation = 40000.0;
-    prop.RadiusCountsPerMM = 100.0;
-    prop.DropCountsPerMM = 100.0;
-
-    gUnits = std::make_shared<clsUnits>();
-    gUnits->SetPropLengthIndex(3);
-    gProject = std::make_shared<clsCorvane>();
-    gProject->SetUnits(gUnits);
-    gProject->SetMarkedDiameter(prop.Diameter);
+    const clsVirtualPropeller prop = bench::BenchPropeller(blades);
+    bench::StartBenchProject(prop, points);
     gProject->SetMarkedPitch("2300");
-    gProject->SetBladeCount(prop.BladeCount);
-    gProject->SetPropellerScanCount(1);
-    gISO484 = std::make_shared<clsISO484>();
-    gISO484->SetUnits(gUnits);
     gShowBladeFlags.fill(true);
     gShowRadiusFlags.fill(true);
-    prop.FillScan(*gProject->PropellerScan(0),
-                  {kStandardRadialPositions.begin(), kStandardRadialPositions.end()}, points);
 
     gProject->SetReferenceSourceIndex(1);
     gProject->SetReferenceSectionPitchIndex(1);
