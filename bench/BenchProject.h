@@ -2,8 +2,8 @@
 
 // The propeller the calculation benchmarks sweep: a 3 m, millimetre project with pitch, chord,
 // rake and skew varying along the radius, blades slightly off their spacing, quantised like a
-// shop arm. StartBenchProject leaves a new project in the globals with one scan of `points`
-// points per section at the standard radii.
+// shop arm. StartBenchProject sets the allocator up as the programs do and leaves a new project in the
+// globals with one scan of `points` points per section at the standard radii.
 
 #include "acquisition/clsVirtualPropeller.h"
 #include "iso484/clsISO484.h"
@@ -11,6 +11,7 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsUnits.h"
+#include "support/ProcessMemory.h"
 
 #include <cstdint>
 #include <memory>
@@ -35,6 +36,7 @@ inline clsVirtualPropeller BenchPropeller(int blades) {
 }
 
 inline void StartBenchProject(const clsVirtualPropeller& prop, int points) {
+    PrepareAllocatorForLargeProjects(); // as the programs do at start
     gUnits = std::make_shared<clsUnits>();
     gUnits->SetPropLengthIndex(3);
     gProject = std::make_shared<clsCorvane>();
