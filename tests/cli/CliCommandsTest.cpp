@@ -1,28 +1,16 @@
-#include "cli/CliApp.h"
+#include "CliTestProjects.h"
 #include "common/ServicesFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace corvane::cli {
 namespace {
 
-struct CliRun {
-    int code = 0;
-    std::string out, err;
-};
-
-CliRun Cli(std::vector<std::string> args) {
-    std::ostringstream out, err;
-    CliRun run;
-    run.code = RunCli(args, out, err);
-    run.out = out.str();
-    run.err = err.str();
-    return run;
-}
+using test::Cli;
+using test::CliRun;
 
 std::string ReadAll(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
@@ -35,7 +23,7 @@ int CountLines(const std::string& text) {
 
 class CliCommandsTest : public ::testing::Test {
 protected:
-    test::TempFolder temp;
+    corvane::test::TempFolder temp;
 };
 
 TEST_F(CliCommandsTest, DemoIsTheSameBytesEveryTimeAndInfoDescribesIt) {

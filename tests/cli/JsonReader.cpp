@@ -2,178 +2,98 @@
 
 #include <charconv>
 #include <cmath>
+#include <regex>
+#include <string>
 
 namespace corvane::cli::test {
 namespace {
 
 const JsonValue kNull;
 
-class Reader {
-public:
-    explicit Reader(const std::string& text) : text_(text) {}
+// Recursive descent over the text; every step returns false on the first departure from the
+// grammar, and the caller gives up.
+struct Reader {
+    const std::string& s;
+    std::size_t pos = 0;
 
-    bool Document(JsonValue& value) {
-        if (!Value(value, 0))
-            return false;
-        SkipBlanks();
-        return pos_ == text_.size();
+    void Skip() {
+        while (pos < s.size() && (s[pos] == ' ' || s[pos] == '\n' || s[pos] == '\r' || s[pos] == '\t'))
+            ++pos;
     }
-
-private:
-    void SkipBlanks() {
-        while (pos_ < text_.size() &&
-               (text_[pos_] == ' ' || text_[pos_] == '\n' || text_[pos_] == '\r' || text_[pos_] == '\t'))
-            ++pos_;
-    }
-    bool Literal(const char* word) {
-        const std::string w(word);
-        if (text_.compare(pos_, w.size(), w) != 0)
-            return false;
-        pos_ += w.size();
-        return true;
-    }
-
-    bool Value(JsonValue& value, int depth) {
-        if (depth > 64)
-            return false;
-        SkipBlanks();
-        if (pos_ >= text_.size())
-            return false;
-        const char c = text_[pos_];
-        if (c == '{')
-            return Object(value, depth);
-        if (c == '[')
-            return Array(value, depth);
-        if (c == '"') {
-            value.type = JsonValue::Type::String;
-            return String(value.text);
-        }
-        if (Literal("null")) {
-            value.type = JsonValue::Type::Null;
-            return true;
-        }
-        if (Literal("true") || Literal("false")) {
-            value.type = JsonValue::Type::Bool;
-            value.flag = c == 't';
-            return true;
-        }
-        return Number(value);
-    }
-
-    bool Number(JsonValue& value) {
-        // The JSON grammar: -?(0|[1-9][0-9]*)(\.[0-9]+)?([eE][+-]?[0-9]+)?
-        const std::size_t start = pos_;
-        if (pos_ < text_.size() && text_[pos_] == '-')
-            ++pos_;
-        const auto digits = [this] {
-            const std::size_t from = pos_;
-            while (pos_ < text_.size() && text_[pos_] >= '0' && text_[pos_] <= '9')
-                ++pos_;
-            return pos_ - from;
-        };
-        const std::size_t intStart = pos_;
-        const std::size_t intDigits = digits();
-        if (intDigits == 0 || (intDigits > 1 && text_[intStart] == '0'))
-            return false;
-        if (pos_ < text_.size() && text_[pos_] == '.') {
-            ++pos_;
-            if (digits() == 0)
-                return false;
-        }
-        if (pos_ < text_.size() && (text_[pos_] == 'e' || text_[pos_] == 'E')) {
-            ++pos_;
-            if (pos_ < text_.size() && (text_[pos_] == '+' || text_[pos_] == '-'))
-                ++pos_;
-            if (digits() == 0)
-                return false;
-        }
-        value.type = JsonValue::Type::Number;
-        const auto result = std::from_chars(text_.data() + start, text_.data() + pos_, value.number);
-        return result.ec == std::errc() && std::isfinite(value.number);
-    }
+    bool At(char c) { return Skip(), pos < s.size() && s[pos] == c; }
+    bool Take(char c) { return At(c) && ++pos; }
 
     bool String(std::string& out) {
-        ++pos_;
-        while (pos_ < text_.size()) {
-            const char c = text_[pos_++];
+        if (!Take('"'))
+            return false;
+        while (pos < s.size()) {
+            const char c = s[pos++];
             if (c == '"')
                 return true;
-            if (static_cast<unsigned char>(c) < 0x20)
+            if (static_cast<unsigned char>(c) < 0x20 || (c == '\\' && pos >= s.size()))
                 return false;
             if (c != '\\') {
                 out.push_back(c);
                 continue;
             }
-            if (pos_ >= text_.size())
-                return false;
-            const char e = text_[pos_++];
             const std::string simple = "\"\\/bfnrt", meaning = "\"\\/\b\f\n\r\t";
-            if (const auto at = simple.find(e); at != std::string::npos) {
+            unsigned code = 0;
+            if (const auto at = simple.find(s[pos++]); at != std::string::npos)
                 out.push_back(meaning[at]);
-            } else if (e == 'u' && pos_ + 4 <= text_.size()) {
-                unsigned code = 0;
-                const auto result = std::from_chars(text_.data() + pos_, text_.data() + pos_ + 4, code, 16);
-                if (result.ptr != text_.data() + pos_ + 4 || code >= 0x80)
-                    return false; // the writer escapes control characters only
+            else if (s[pos - 1] != 'u' || pos + 4 > s.size() ||
+                     std::from_chars(&s[pos], &s[pos] + 4, code, 16).ptr != &s[pos] + 4 || code >= 0x80)
+                return false; // the writer escapes control characters only
+            else {
                 out.push_back(static_cast<char>(code));
-                pos_ += 4;
-            } else {
-                return false;
+                pos += 4;
             }
         }
         return false;
     }
 
-    bool Array(JsonValue& value, int depth) {
-        value.type = JsonValue::Type::Array;
-        ++pos_;
-        SkipBlanks();
-        if (pos_ < text_.size() && text_[pos_] == ']') {
-            ++pos_;
-            return true;
+    bool Value(JsonValue& v, int depth) {
+        using T = JsonValue::Type;
+        Skip();
+        if (depth > 64 || pos >= s.size())
+            return false;
+        if (s[pos] == '"') {
+            v.type = T::String;
+            return String(v.text);
         }
-        for (;;) {
-            value.items.emplace_back();
-            if (!Value(value.items.back(), depth + 1))
-                return false;
-            SkipBlanks();
-            if (pos_ < text_.size() && text_[pos_] == ',') {
-                ++pos_;
-                continue;
+        const char open = s[pos];
+        if (open == '[' || open == '{') {
+            const char close = open == '[' ? ']' : '}';
+            v.type = open == '[' ? T::Array : T::Object;
+            ++pos;
+            if (Take(close))
+                return true;
+            do {
+                std::string key;
+                if (open == '{' && (!String(key) || v.members.count(key) || !Take(':')))
+                    return false;
+                if (!Value(open == '[' ? v.items.emplace_back() : v.members[key], depth + 1))
+                    return false;
+            } while (Take(','));
+            return Take(close);
+        }
+        for (const std::string word : {"null", "true", "false"}) {
+            if (s.compare(pos, word.size(), word) == 0) {
+                pos += word.size();
+                v.type = word == "null" ? T::Null : T::Bool;
+                v.flag = word == "true";
+                return true;
             }
-            return pos_ < text_.size() && text_[pos_++] == ']';
         }
+        static const std::regex number(R"(-?(0|[1-9][0-9]*)(\.[0-9]+)?([eE][+-]?[0-9]+)?)");
+        std::smatch match;
+        if (!std::regex_search(s.begin() + static_cast<std::ptrdiff_t>(pos), s.end(), match, number,
+                               std::regex_constants::match_continuous))
+            return false;
+        v.type = T::Number;
+        const auto result = std::from_chars(&s[pos], &s[pos] + match.length(), v.number);
+        pos += static_cast<std::size_t>(match.length());
+        return result.ec == std::errc() && std::isfinite(v.number);
     }
-
-    bool Object(JsonValue& value, int depth) {
-        value.type = JsonValue::Type::Object;
-        ++pos_;
-        SkipBlanks();
-        if (pos_ < text_.size() && text_[pos_] == '}') {
-            ++pos_;
-            return true;
-        }
-        for (;;) {
-            SkipBlanks();
-            std::string key;
-            if (pos_ >= text_.size() || text_[pos_] != '"' || !String(key) || value.members.count(key))
-                return false;
-            SkipBlanks();
-            if (pos_ >= text_.size() || text_[pos_++] != ':')
-                return false;
-            if (!Value(value.members[key], depth + 1))
-                return false;
-            SkipBlanks();
-            if (pos_ < text_.size() && text_[pos_] == ',') {
-                ++pos_;
-                continue;
-            }
-            return pos_ < text_.size() && text_[pos_++] == '}';
-        }
-    }
-
-    const std::string& text_;
-    std::size_t pos_ = 0;
 };
 
 } // namespace
@@ -189,8 +109,11 @@ const JsonValue& JsonValue::operator[](std::size_t index) const {
 
 std::optional<JsonValue> ParseJson(const std::string& text) {
     JsonValue value;
-    Reader reader(text);
-    if (!reader.Document(value))
+    Reader reader{text};
+    if (!reader.Value(value, 0))
+        return std::nullopt;
+    reader.Skip();
+    if (reader.pos != text.size())
         return std::nullopt;
     return value;
 }
