@@ -142,20 +142,11 @@ TEST_F(EvaluateCommandTest, QuestionsAreAnsweredToGoOnAndShownOnStandardError) {
         << run.err;
     EXPECT_EQ(run.err.find("aborted by the user"), std::string::npos) << run.err;
     ASSERT_EQ(run.code, 0) << run.err;
+    // The geometry of the scan without the blade is the check's business; here only that the
+    // evaluation went on to the end.
     const JsonValue json = Json(run);
     ExpectRelative(json["ISOPropellerPitch"].number, 36.0, 1e-7, "ISOPropellerPitch");
-    ExpectRelative(json["PitchMean"].number, 36.0, 1e-7, "PitchMean");
-    const JsonValue& blades = json["Blades"];
-    ASSERT_EQ(blades.size(), 4u);
-    const double gl[] = {0, 270, 180, 90};
-    for (std::size_t b = 0; b < 4; ++b) {
-        EXPECT_NEAR(blades[b]["GLPositionThetaDeg"].number, gl[b], 1e-9);
-        if (b != 1) {
-            EXPECT_NEAR(blades[b]["ISOEffectiveBladeAngleDeg"].number, gl[b], 1e-6) << b;
-            ExpectRelative(blades[b]["ISOBladePitch"].number, 36.0, 1e-7, "ISOBladePitch");
-        }
-    }
-    EXPECT_EQ(blades[1]["Sections"][0]["RawOffsetCount"].number, 0.0);
+    EXPECT_EQ(json["Blades"][1]["Sections"][0]["RawOffsetCount"].number, 0.0);
 }
 
 TEST_F(EvaluateCommandTest, UnreadableProjectsExitTwoWithTheReason) {

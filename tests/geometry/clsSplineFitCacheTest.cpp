@@ -1,8 +1,6 @@
 #include "geometry/clsSplineFitCache.h"
 
-#include "common/ServicesFixture.h"
-#include "geometry/clsSplineFit.h"
-#include "model/Globals.h"
+#include "SplineFitFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -12,38 +10,9 @@
 namespace corvane {
 namespace {
 
-using test::ServicesTest;
-
-class clsSplineFitCacheTest : public ServicesTest {
+class clsSplineFitCacheTest : public test::SplineFitTest {
 protected:
-    void SetUp() override {
-        ServicesTest::SetUp();
-        gAppDataPath = environment.appDataFolder; // the error log goes to the scratch folder
-    }
-
-    struct Tangents {
-        double startX = kSplineUnset;
-        double startY = kSplineUnset;
-        double endX = kSplineUnset;
-        double endY = kSplineUnset;
-    };
-
-    static clsSplineFit Fit(const std::vector<PointDouble>& points, std::int16_t method, Tangents& t) {
-        clsSplineFit spline;
-        spline.SetCount(static_cast<std::int32_t>(points.size()));
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            spline.SetX(static_cast<int>(i), points[i].X);
-            spline.SetY(static_cast<int>(i), points[i].Y);
-        }
-        spline.MakeControlWithLinearSections(t.startX, t.startY, t.endX, t.endY, method);
-        return spline;
-    }
-
-    static clsSplineFit Fit(const std::vector<PointDouble>& points,
-                            std::int16_t method = clsSplineFit::kSpacingAlongX) {
-        Tangents t;
-        return Fit(points, method, t);
-    }
+    using Tangents = test::SplineTangents;
 
     // Everything a fit answers, read across and beyond its span: value, tangent and curvature
     // angles at X, the point at a length fraction, and the length.
@@ -137,25 +106,22 @@ TEST_F(clsSplineFitCacheTest, AKeptFitAnswersExactlyAsAFreshOne) {
 TEST_F(clsSplineFitCacheTest, OneBitOfInputOrASettingMakesAnotherFit) {
     std::vector<PointDouble> nudged = Sweep();
     nudged[30].Y = std::nextafter(nudged[30].Y, 1e9);
-    clsSplineFit freshNudged = Fit(nudged);
-    clsSplineFit freshUniform = Fit(Sweep(), clsSplineFit::kUniformSpacing);
-    Tangents tangent;
-    tangent.startX = 1.0;
-    tangent.startY = 0.0;
-    clsSplineFit freshTangent = Fit(Sweep(), clsSplineFit::kSpacingAlongX, tangent);
+    // Each differs from the plain sweep in one thing: a bit of one point, the spacing, a tangent.
+    auto fits = [&] {
+        Tangents tangent{1.0, 0.0};
+        std::vector<clsSplineFit> out{Fit(nudged), Fit(Sweep(), clsSplineFit::kUniformSpacing),
+                                      Fit(Sweep(), clsSplineFit::kSpacingAlongX, tangent)};
+        return out;
+    };
+    std::vector<clsSplineFit> fresh = fits();
 
     const auto hold = HoldSplineFits();
     Fit(Sweep()); // kept first: none of the fits below may be answered with it
-    clsSplineFit heldNudged = Fit(nudged);
-    clsSplineFit heldUniform = Fit(Sweep(), clsSplineFit::kUniformSpacing);
-    Tangents heldTangents;
-    heldTangents.startX = 1.0;
-    heldTangents.startY = 0.0;
-    clsSplineFit heldTangent = Fit(Sweep(), clsSplineFit::kSpacingAlongX, heldTangents);
+    std::vector<clsSplineFit> held = fits();
     EXPECT_EQ(clsSplineFitCache::Active()->Entries(), 4u);
-    ExpectSameBits(Answers(heldNudged), Answers(freshNudged));
-    ExpectSameBits(Answers(heldUniform), Answers(freshUniform));
-    ExpectSameBits(Answers(heldTangent), Answers(freshTangent));
+    for (std::size_t i = 0; i < held.size(); ++i) {
+        ExpectSameBits(Answers(held[i]), Answers(fresh[i]));
+    }
 }
 
 TEST_F(clsSplineFitCacheTest, AFitThatRanIntoAnErrorIsFittedAndToldAgain) {

@@ -1,6 +1,6 @@
 #include "geometry/clsSplineFit.h"
 
-#include "common/ServicesFixture.h"
+#include "SplineFitFixture.h"
 #include "model/CorvaneError.h"
 #include "model/Globals.h"
 
@@ -12,40 +12,14 @@
 namespace corvane {
 namespace {
 
-using test::ServicesTest;
+using test::SplineTangents;
 
 constexpr double kPi = 3.14159265358979323846;
 // Asks EvalAtX / EvalAtT for an optional output: any value but the unset marker.
 constexpr double kWanted = 0.0;
 
-class clsSplineFitTest : public ServicesTest {
+class clsSplineFitTest : public test::SplineFitTest {
 protected:
-    void SetUp() override {
-        ServicesTest::SetUp();
-        gAppDataPath = environment.appDataFolder; // the error log goes to the scratch folder
-    }
-
-    static clsSplineFit Fit(const std::vector<PointDouble>& points,
-                            std::int16_t method = clsSplineFit::kSpacingAlongX) {
-        double startX = kSplineUnset;
-        double startY = kSplineUnset;
-        double endX = kSplineUnset;
-        double endY = kSplineUnset;
-        return Fit(points, method, startX, startY, endX, endY);
-    }
-
-    static clsSplineFit Fit(const std::vector<PointDouble>& points, std::int16_t method, double& startX,
-                            double& startY, double& endX, double& endY) {
-        clsSplineFit spline;
-        spline.SetCount(static_cast<std::int32_t>(points.size()));
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            spline.SetX(static_cast<int>(i), points[i].X);
-            spline.SetY(static_cast<int>(i), points[i].Y);
-        }
-        spline.MakeControlWithLinearSections(startX, startY, endX, endY, method);
-        return spline;
-    }
-
     static double TangentAt(clsSplineFit& spline, double x) {
         double tangent = kWanted;
         double curvature = kSplineUnset;
@@ -194,38 +168,32 @@ TEST_F(clsSplineFitTest, AnglesComeBackInZeroExclusiveToTwoPi) {
 TEST_F(clsSplineFitTest, GivenTangentsSteerTheEndsAndFlagsHandBackFreeOnes) {
     const std::vector<PointDouble> points = {{0, 0}, {1, 2}, {3, 3}, {4, 1}};
 
-    double startX = 1.0;
-    double startY = 1.0;
-    double endX = kSplineUnset;
-    double endY = kSplineUnset;
-    clsSplineFit clamped = Fit(points, clsSplineFit::kSpacingAlongX, startX, startY, endX, endY);
+    SplineTangents given{1.0, 1.0};
+    clsSplineFit clamped = Fit(points, clsSplineFit::kSpacingAlongX, given);
     EXPECT_NEAR(TangentAt(clamped, 1e-9), kPi / 4.0, 1e-6);
-    EXPECT_EQ(endX, kSplineUnset) << "no flag, nothing handed back";
+    EXPECT_EQ(given.endX, kSplineUnset) << "no flag, nothing handed back";
 
     // With every flag and chord spacing: natural ends; the free slots get the tangents the
     // fit computed, along the curve's own ends.
     const std::int16_t allFlags = clsSplineFit::kChordSpacing | clsSplineFit::kNaturalStartX |
                                   clsSplineFit::kNaturalStartY | clsSplineFit::kNaturalEndX |
                                   clsSplineFit::kNaturalEndY;
-    startX = startY = endX = endY = kSplineUnset;
-    clsSplineFit natural = Fit(points, allFlags, startX, startY, endX, endY);
-    ASSERT_NE(startX, kSplineUnset);
-    ASSERT_NE(endY, kSplineUnset);
+    SplineTangents free;
+    clsSplineFit natural = Fit(points, allFlags, free);
+    ASSERT_NE(free.startX, kSplineUnset);
+    ASSERT_NE(free.endY, kSplineUnset);
     auto direction = [](double dx, double dy) {
         const double a = std::atan2(dy, dx);
         return a <= 0.0 ? a + 2.0 * kPi : a;
     };
-    EXPECT_NEAR(TangentAt(natural, 0.0), direction(startX, startY), 1e-12);
-    EXPECT_NEAR(TangentAt(natural, 4.0), direction(endX, endY), 1e-12);
+    EXPECT_NEAR(TangentAt(natural, 0.0), direction(free.startX, free.startY), 1e-12);
+    EXPECT_NEAR(TangentAt(natural, 4.0), direction(free.endX, free.endY), 1e-12);
 
     // A given start tangent under the start flags is overruled by the natural end and kept.
-    double givenX = 0.0;
-    double givenY = 5.0;
-    double freeX = kSplineUnset;
-    double freeY = kSplineUnset;
-    clsSplineFit overruled = Fit(points, allFlags, givenX, givenY, freeX, freeY);
-    EXPECT_EQ(givenX, 0.0);
-    EXPECT_EQ(givenY, 5.0);
+    SplineTangents start{0.0, 5.0};
+    clsSplineFit overruled = Fit(points, allFlags, start);
+    EXPECT_EQ(start.startX, 0.0);
+    EXPECT_EQ(start.startY, 5.0);
     for (double x = 0.0; x <= 4.0; x += 0.25) {
         EXPECT_NEAR(overruled.EvalAtX(x), natural.EvalAtX(x), 1e-12);
     }

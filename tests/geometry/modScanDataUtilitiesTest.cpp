@@ -254,12 +254,10 @@ protected:
 
 TEST_F(SectionOnPropellerTest, AxialDropIsReadWithinTheMeasuredAnglesOnly) {
     double drop = 0.0;
-    ASSERT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(-10.0), drop), 1);
-    EXPECT_NEAR(drop, helix.Drop(-10.0), 1e-9);
-    ASSERT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(helix.teRel), drop), 1);
-    EXPECT_NEAR(drop, helix.Drop(helix.teRel), 1e-9);
-    ASSERT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(helix.leRel), drop), 1);
-    EXPECT_NEAR(drop, helix.Drop(helix.leRel), 1e-9);
+    for (const double rel : {-10.0, helix.teRel, helix.leRel}) {
+        ASSERT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(rel), drop), 1) << rel;
+        EXPECT_NEAR(drop, helix.Drop(rel), 1e-9) << rel;
+    }
 
     drop = 5.5;
     EXPECT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(helix.leRel + 1e-9), drop), 0);

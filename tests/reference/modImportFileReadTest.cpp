@@ -72,19 +72,16 @@ void ExpectBasicData(const clsPropeller& p) {
     }
 }
 
-TEST_F(PPPTest, ReadsTheBlocksIntoBlade0TipFirst) {
-    clsPropeller p;
-    ASSERT_EQ(ImportPPPFile(Data("basic.ppp"), p, 4), 1);
-    ExpectBasicData(p);
-    EXPECT_TRUE(prompts.History().empty());
-}
-
 // Blanks, tabs, LF ends, headers inside other text and in any case, blocks in another order,
-// blank and stray lines, extra tokens: all read as the plain file does.
-TEST_F(PPPTest, OddSpacingAndOrderReadTheSame) {
-    clsPropeller p;
-    ASSERT_EQ(ImportPPPFile(Data("spaced.ppp"), p, 4), 1);
-    ExpectBasicData(p);
+// blank and stray lines, extra tokens (spaced.ppp): all read as the plain file does.
+TEST_F(PPPTest, ReadsTheBlocksIntoBlade0TipFirstHoweverSpaced) {
+    for (const char* file : {"basic.ppp", "spaced.ppp"}) {
+        SCOPED_TRACE(file);
+        clsPropeller p;
+        ASSERT_EQ(ImportPPPFile(Data(file), p, 4), 1);
+        ExpectBasicData(p);
+    }
+    EXPECT_TRUE(prompts.History().empty());
 }
 
 TEST_F(PPPTest, LeRowLandsOnTheLastPanelAndTeRowOnPanel0) {
