@@ -7,7 +7,7 @@
 //     build/release/bin/corvane-cli demo data/demo.cvpj
 // and review the difference before committing it.
 
-#include "cli/CliApp.h"
+#include "CliTestProjects.h"
 #include "common/ServicesFixture.h"
 #include "model/NumberText.h"
 
@@ -67,10 +67,10 @@ bool SameLine(const std::string& golden, const std::string& fresh) {
 }
 
 TEST(DemoGoldenTest, RegeneratingTheShippedDemoGivesTheSameProject) {
-    test::TempFolder temp;
+    corvane::test::TempFolder temp;
     const std::string fresh = temp.File("demo.cvpj");
-    std::ostringstream out, err;
-    ASSERT_EQ(RunCli({"demo", fresh}, out, err), 0) << err.str();
+    const test::CliRun run = test::Cli({"demo", fresh});
+    ASSERT_EQ(run.code, 0) << run.err;
 
     const std::vector<std::string> golden = Lines(CORVANE_SOURCE_DIR "/data/demo.cvpj");
     const std::vector<std::string> made = Lines(fresh);
