@@ -1,13 +1,12 @@
 #include "files/clsFileINI.h"
-#include "common/ServicesFixture.h"
+#include "ProjectFileTestSupport.h"
 #include "model/CorvaneError.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <unistd.h>
 #include <vector>
@@ -20,14 +19,10 @@ namespace fs = std::filesystem;
 class clsFileINITest : public ::testing::Test {
 protected:
     std::string Put(const std::string& name, const std::string& bytes) {
-        const std::string path = temp.File(name);
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
+        test::WriteTextFile(temp.File(name), bytes);
+        return temp.File(name);
     }
-    static std::string Bytes(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    }
+    static std::string Bytes(const std::string& path) { return test::ReadTextFile(path); }
     std::size_t FilesInFolder() const {
         return static_cast<std::size_t>(std::distance(fs::directory_iterator(temp.Path()), {}));
     }
@@ -173,12 +168,9 @@ TEST_F(clsFileINITest, IntegerTagsOutside16BitsThrowOverflow) {
     clsFileINI ini;
     ASSERT_EQ(ini.ReadBlock("A", path), 1);
     EXPECT_EQ(ini.GetIntegerFromBlockTag("Edge", flag, text), 32767);
-    try {
-        ini.GetIntegerFromBlockTag("Big", flag, text);
-        ADD_FAILURE() << "no overflow";
-    } catch (const CorvaneError& e) {
-        EXPECT_EQ(e.Number(), ErrorNumber::Overflow);
-    }
+    EXPECT_THAT(
+        [&] { ini.GetIntegerFromBlockTag("Big", flag, text); },
+        testing::Throws<CorvaneError>(testing::Property(&CorvaneError::Number, ErrorNumber::Overflow)));
     std::vector<std::int16_t> values;
     EXPECT_THROW(ini.GetIntegerArrayFromBlockTag("List", values, flag, text), CorvaneError);
 }

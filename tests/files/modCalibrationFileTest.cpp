@@ -1,11 +1,9 @@
 #include "files/modCalibrationFile.h"
-#include "common/ServicesFixture.h"
+#include "ProjectFileTestSupport.h"
 #include "model/Globals.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 namespace corvane {
@@ -18,32 +16,13 @@ protected:
         gLogFolder = temp->Folder();
     }
     std::string Put(const std::string& name, const std::string& bytes) {
-        const std::string path = temp->File(name);
-        std::ofstream(path, std::ios::binary) << bytes;
-        return path;
+        test::WriteTextFile(temp->File(name), bytes);
+        return temp->File(name);
     }
-    static std::string Bytes(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    }
+    static std::string Bytes(const std::string& path) { return test::ReadTextFile(path); }
     // A calibration that differs from the defaults in every member.
     static CalibrationValues Sample() {
-        CalibrationValues v;
-        v.device = "Arm 2";
-        v.anglePulses = 40000;
-        v.radiusPulses = 78.74;
-        v.dropPulses = 0.5;
-        v.angleType = 0;
-        v.radiusType = 2;
-        v.dropType = 1;
-        v.angleFlip = true;
-        v.radiusFlip = false;
-        v.dropFlip = true;
-        v.standardOffset = -1.5;
-        v.dogLegOffset = 41.25;
-        v.calibrationRadius = 250;
-        v.calibrationPulse = 19685;
-        return v;
+        return {"Arm 2", 40000, 78.74, 0.5, 0, 2, 1, false, true, true, -1.5, 41.25, 250, 19685};
     }
     CalibrationValues values;
     CalibrationLimits limits;
@@ -95,14 +74,8 @@ TEST_F(modCalibrationFileTest, EncoderWordsAndFlipsIgnoreCaseAndUnknownWordsKeep
     values.dropType = 2;
     values.radiusFlip = true;
     ASSERT_EQ(ReadCalibrationFile(path, values, limits), 1);
-    EXPECT_EQ(values.angleType, 1);
-    EXPECT_TRUE(values.angleFlip);
-    EXPECT_EQ(values.radiusType, 2);
-    EXPECT_FALSE(values.radiusFlip);
-    EXPECT_EQ(values.dropType, 2);
-    EXPECT_TRUE(values.dropFlip);
-    EXPECT_EQ(values.anglePulses, 8000);
-    EXPECT_EQ(values.radiusPulses, 0); // a missing number reads 0
+    // "yes" is no flip; "Quadrature" keeps drop type 2; a missing number reads 0.
+    EXPECT_EQ(values, (CalibrationValues{"", 8000, 0, 0, 1, 2, 2, false, true, true, 0, 0, 0, 0}));
     EXPECT_EQ(limits, (CalibrationLimits{-5, 1200, -250, 1000.5}));
 }
 

@@ -8,65 +8,45 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvane {
 namespace {
 
-TEST(NumberText, FloatsTakeTheShortestFileForm) {
-    EXPECT_EQ(FormatFileFloat(0.0), "0");
-    EXPECT_EQ(FormatFileFloat(-0.0), "0");
-    EXPECT_EQ(FormatFileFloat(0.5), ".5");
-    EXPECT_EQ(FormatFileFloat(-0.5), "-.5");
-    EXPECT_EQ(FormatFileFloat(1.5), "1.5");
-    EXPECT_EQ(FormatFileFloat(-12.25), "-12.25");
-    EXPECT_EQ(FormatFileFloat(100.0), "100");
-    EXPECT_EQ(FormatFileFloat(0.1 + 0.2), ".3"); // 15 digits hide the binary residue
-    EXPECT_EQ(FormatFileFloat(1.0 / 3.0), ".333333333333333");
-    EXPECT_EQ(FormatFileFloat(2.0 / 3.0), ".666666666666667");
-}
-
-TEST(NumberText, ExponentFormStartsBelowE_4AndAtE15) {
-    EXPECT_EQ(FormatFileFloat(0.0001), ".0001");
-    EXPECT_EQ(FormatFileFloat(0.00001), "1E-05");
-    EXPECT_EQ(FormatFileFloat(0.000015), "1.5E-05");
-    EXPECT_EQ(FormatFileFloat(-0.000015), "-1.5E-05");
-    EXPECT_EQ(FormatFileFloat(123456789012345.0), "123456789012345");
-    EXPECT_EQ(FormatFileFloat(1e15), "1E+15");
-    EXPECT_EQ(FormatFileFloat(1234567890123456.0), "1.23456789012346E+15");
-    EXPECT_EQ(FormatFileFloat(999999999999999.9), "1E+15"); // rounding carries into the exponent
-    EXPECT_EQ(FormatFileFloat(1e100), "1E+100");
-    EXPECT_EQ(FormatFileFloat(2.5e-300), "2.5E-300");
-}
-
-TEST(NumberText, IntegersAndNonFiniteValues) {
+TEST(NumberText, FloatsTakeTheShortestFileFormWithExponentsBelowE_4AndFromE15) {
+    // 15 digits hide the binary residue of 0.1 + 0.2; 999999999999999.9 carries into the exponent.
+    // clang-format off
+    const std::pair<double, const char*> cases[] = {
+        {0.0, "0"}, {-0.0, "0"}, {0.5, ".5"}, {-0.5, "-.5"}, {1.5, "1.5"}, {-12.25, "-12.25"}, {100.0, "100"},
+        {0.1 + 0.2, ".3"}, {1.0 / 3.0, ".333333333333333"}, {2.0 / 3.0, ".666666666666667"},
+        {0.0001, ".0001"}, {0.00001, "1E-05"}, {0.000015, "1.5E-05"}, {-0.000015, "-1.5E-05"},
+        {123456789012345.0, "123456789012345"}, {1e15, "1E+15"},
+        {1234567890123456.0, "1.23456789012346E+15"}, {999999999999999.9, "1E+15"}, {1e100, "1E+100"},
+        {2.5e-300, "2.5E-300"}, {std::numeric_limits<double>::quiet_NaN(), "NaN"},
+        {-std::numeric_limits<double>::infinity(), "-Inf"}};
+    // clang-format on
+    for (const auto& [value, text] : cases) {
+        EXPECT_EQ(FormatFileFloat(value), text) << value;
+    }
     EXPECT_EQ(FormatFileInteger(0), "0");
     EXPECT_EQ(FormatFileInteger(-32768), "-32768");
     EXPECT_EQ(FormatFileInteger(1234567), "1234567");
-    EXPECT_EQ(FormatFileFloat(std::numeric_limits<double>::quiet_NaN()), "NaN");
-    EXPECT_EQ(FormatFileFloat(-std::numeric_limits<double>::infinity()), "-Inf");
 }
 
 TEST(NumberText, LeadingNumberReadsLikeVal) {
-    EXPECT_EQ(ParseLeadingNumber("3,5"), 3.0);
-    EXPECT_EQ(ParseLeadingNumber("12abc"), 12.0);
-    EXPECT_EQ(ParseLeadingNumber("  -.5"), -0.5);
-    EXPECT_EQ(ParseLeadingNumber("+7."), 7.0);
-    EXPECT_EQ(ParseLeadingNumber("1.5E3x"), 1500.0);
-    EXPECT_EQ(ParseLeadingNumber("1.5e-2"), 0.015);
-    EXPECT_EQ(ParseLeadingNumber("2D2"), 200.0);
-    EXPECT_EQ(ParseLeadingNumber("1e"), 1.0); // exponent letter without digits
-    EXPECT_EQ(ParseLeadingNumber("1e+x"), 1.0);
-    EXPECT_EQ(ParseLeadingNumber("1 2 3"), 123.0); // blanks inside are passed over
-    EXPECT_EQ(ParseLeadingNumber("1.2.3"), 1.2);
-    EXPECT_EQ(ParseLeadingNumber(""), 0.0);
-    EXPECT_EQ(ParseLeadingNumber("-"), 0.0);
-    EXPECT_EQ(ParseLeadingNumber("."), 0.0);
-    EXPECT_EQ(ParseLeadingNumber("abc1"), 0.0);
-    EXPECT_EQ(ParseLeadingNumber("--5"), 0.0);
-    EXPECT_EQ(ParseLeadingNumber("0.1"), 0.1); // correctly rounded
-    EXPECT_EQ(ParseLeadingNumber("1e-400"), 0.0);
-    EXPECT_EQ(ParseLeadingNumber("0.000000000000000000000000000000001e300"), 1e267);
+    // An exponent letter without digits ends the number; blanks inside are passed over; 0.1 is
+    // correctly rounded.
+    // clang-format off
+    const std::pair<const char*, double> cases[] = {
+        {"3,5", 3.0}, {"12abc", 12.0}, {"  -.5", -0.5}, {"+7.", 7.0}, {"1.5E3x", 1500.0}, {"1.5e-2", 0.015},
+        {"2D2", 200.0}, {"1e", 1.0}, {"1e+x", 1.0}, {"1 2 3", 123.0}, {"1.2.3", 1.2}, {"", 0.0}, {"-", 0.0},
+        {".", 0.0}, {"abc1", 0.0}, {"--5", 0.0}, {"0.1", 0.1}, {"1e-400", 0.0},
+        {"0.000000000000000000000000000000001e300", 1e267}};
+    // clang-format on
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(ParseLeadingNumber(text), value) << text;
+    }
     EXPECT_THROW(ParseLeadingNumber("1e400"), CorvaneError);
 }
 
@@ -81,18 +61,12 @@ TEST(NumberText, EveryFileFloatReadsBackExactlyAtFifteenDigits) {
 
 // Plain file numbers take a shortcut; it must read exactly what the full scan reads.
 TEST(NumberText, PlainNumbersReadLikeTheFullScan) {
-    std::vector<std::string> texts = {"0",        "-0",
-                                      "-.0",      ".5",
-                                      "5.",       "-.5",
-                                      "1.5E-05",  "1E+15",
-                                      "1e400",    "-1e400",
-                                      "1e-400",   "4.9E-324",
-                                      "2.4E-324", "1.7976931348623157E+308",
-                                      "00012.50", "1.",
-                                      "-",        ".",
-                                      "E5",       "1E",
-                                      "1E+",      "1.2.3",
-                                      "1E99999",  "12345678901234567890123"};
+    // clang-format off
+    std::vector<std::string> texts = {"0", "-0", "-.0", ".5", "5.", "-.5", "1.5E-05", "1E+15", "1e400", "-1e400",
+                                      "1e-400", "4.9E-324", "2.4E-324", "1.7976931348623157E+308", "00012.50",
+                                      "1.", "-", ".", "E5", "1E", "1E+", "1.2.3", "1E99999",
+                                      "12345678901234567890123"};
+    // clang-format on
     std::mt19937_64 random(1);
     std::uniform_int_distribution<int> length(1, 18);
     std::uniform_int_distribution<int> digit(0, 9);

@@ -22,17 +22,6 @@ protected:
 
 } // namespace
 
-TEST_F(clsCorvaneTest, Defaults) {
-    clsCorvane fresh;
-    EXPECT_EQ(fresh.Units(), nullptr);
-    EXPECT_EQ(fresh.RightScanCount(), 0);
-    EXPECT_EQ(fresh.ReferenceVariablePitchArray().size(), 8u);
-    EXPECT_EQ(fresh.ReferenceScanBladesEnabled(1), 0); // one slot per blade of 2
-    EXPECT_THAT([&] { fresh.ReferenceScanBladesEnabled(2); }, Fails(ErrorNumber::SubscriptOutOfRange));
-    EXPECT_THAT([&] { fresh.PropellerScan(0); }, Fails(ErrorNumber::SubscriptOutOfRange));
-    EXPECT_NE(fresh.ReferenceScan(), fresh.ReferenceSource());
-}
-
 TEST_F(clsCorvaneTest, RotationIndexRoutesTheTwoSets) {
     project.SetRightScanCount(3);
     project.SetLeftScanCount(1);

@@ -77,8 +77,6 @@ TEST(clsSection, ArraySetterTakesTheWholeArray) {
 TEST(clsSection, CopyLeavesOutDeviationsAndArcLength) {
     clsSection s;
     s.SetRadiusArray({10, 11});
-    s.SetThetaDegArray({20, 21});
-    s.SetRawOffsetX(1, 7);
     s.SetSegmentOffsetCount(2);
     s.SetSegmentOffsetY(1, 3.5);
     s.SetSegmentOffsetDeviationSum(0, 9);
@@ -87,13 +85,9 @@ TEST(clsSection, CopyLeavesOutDeviationsAndArcLength) {
     s.SetSegmentPanelPitch(0, 42);
     s.SetISOLEArcLengthPerSection(5);
     s.SetSegmentChord(6);
-    s.SetRawAxialXBCL(-2);
-    s.SetSegmentThetaLE(12);
 
     const auto c = s.CopyClass();
     EXPECT_THAT(c->RadiusArray(), ElementsAre(10, 11));
-    EXPECT_THAT(c->ThetaDegArray(), ElementsAre(20, 21));
-    EXPECT_DOUBLE_EQ(c->RawOffsetX(1), 7);
     EXPECT_EQ(c->SegmentOffsetCount(), 2);
     EXPECT_DOUBLE_EQ(c->SegmentOffsetY(1), 3.5);
     EXPECT_DOUBLE_EQ(c->SegmentOffsetDeviationSum(0), 0);
@@ -101,8 +95,6 @@ TEST(clsSection, CopyLeavesOutDeviationsAndArcLength) {
     EXPECT_DOUBLE_EQ(c->SegmentPanelPitch(0), 42);
     EXPECT_DOUBLE_EQ(c->ISOLEArcLengthPerSection(), 0);
     EXPECT_DOUBLE_EQ(c->SegmentChord(), 6);
-    EXPECT_DOUBLE_EQ(c->RawAxialXBCL(), -2);
-    EXPECT_DOUBLE_EQ(c->SegmentThetaLE(), 12);
 
     c->SetRadius(0, 99);
     EXPECT_DOUBLE_EQ(s.Radius(0), 10); // independent storage

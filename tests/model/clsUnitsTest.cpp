@@ -17,8 +17,6 @@ auto Fails(int number) {
 
 TEST(clsUnits, ConvertsTargetFirstWithProjectUnitForMinusOne) {
     clsUnits u;
-    EXPECT_EQ(u.SigDigits(), -1);
-    EXPECT_EQ(u.PropLengthIndex(), 0);
     EXPECT_DOUBLE_EQ(u.ConvertUnitPropLength(2.0, 2, 0), 24.0);   // ft -> in
     EXPECT_DOUBLE_EQ(u.ConvertUnitPropLength(1.0, 3, 2), 25.4);   // in -> mm
     EXPECT_DOUBLE_EQ(u.ConvertUnitPropLength(1.0, 1, 0), 0.3048); // ft -> m

@@ -3,12 +3,15 @@
 #include "model/Globals.h"
 #include "model/NumberText.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <random>
 #include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -21,15 +24,14 @@ protected:
 };
 
 TEST_F(modUtilities, RoundSignificantRoundsTiesAwayFromZero) {
-    EXPECT_DOUBLE_EQ(RoundSignificant(1234.5678, 2), 1200.0);
-    EXPECT_DOUBLE_EQ(RoundSignificant(0.0012345, 2), 0.0012);
-    EXPECT_DOUBLE_EQ(RoundSignificant(-2.5, 1), -3.0);
-    EXPECT_DOUBLE_EQ(RoundSignificant(2.5, 1), 3.0);
-    EXPECT_DOUBLE_EQ(RoundSignificant(0.45, 1), 0.5);
-    EXPECT_DOUBLE_EQ(RoundSignificant(-1234.56789012, 9), -1234.56789);
-    EXPECT_DOUBLE_EQ(RoundSignificant(987654321.0, 3), 988000000.0);
-    EXPECT_EQ(RoundSignificant(5.0, 0), 0.0);
-    EXPECT_EQ(RoundSignificant(0.0, 3), 0.0);
+    // clang-format off
+    const std::tuple<double, int, double> cases[] = {
+        {1234.5678, 2, 1200.0}, {0.0012345, 2, 0.0012}, {-2.5, 1, -3.0}, {2.5, 1, 3.0}, {0.45, 1, 0.5},
+        {-1234.56789012, 9, -1234.56789}, {987654321.0, 3, 988000000.0}, {5.0, 0, 0.0}, {0.0, 3, 0.0}};
+    // clang-format on
+    for (const auto& [value, digits, expected] : cases) {
+        EXPECT_DOUBLE_EQ(RoundSignificant(value, digits), expected) << value << " at " << digits;
+    }
     EXPECT_GT(RoundSignificant(4.9e-324, 9), 0.0); // no overflow of the scale factor
 }
 
@@ -101,44 +103,39 @@ TEST_F(modUtilities, RoundedFileFloatMatchesRoundingThenFormatting) {
 }
 
 TEST_F(modUtilities, CompareDoubleModesAndTwelveDigitRounding) {
-    EXPECT_TRUE(CompareDouble(1.0000000000001, kCompareEqual, 1.0, 0.0));
-    EXPECT_FALSE(CompareDouble(1.0000000000001, kCompareGreater, 1.0, 0.0));
-    EXPECT_TRUE(CompareDouble(1.00000000001, kCompareGreater, 1.0, 0.0));
-    EXPECT_TRUE(CompareDouble(1.05, kCompareEqual, 1.0, -0.1)); // the magnitude of the tolerance
-    EXPECT_TRUE(CompareDouble(1.05, kCompareGreaterOrEqual, 1.0, 0.1));
-    EXPECT_TRUE(CompareDouble(0.95, kCompareGreaterOrEqual, 1.0, 0.1));
-    EXPECT_FALSE(CompareDouble(0.8, kCompareGreaterOrEqual, 1.0, 0.1));
-    EXPECT_TRUE(CompareDouble(1.05, kCompareLessOrEqual, 1.0, 0.1));
-    EXPECT_FALSE(CompareDouble(1.0, kCompareLess, 1.0, 5.0)); // tolerance ignored
-    EXPECT_TRUE(CompareDouble(0.9, kCompareLess, 1.0, 5.0));
-    EXPECT_TRUE(CompareDouble(1.2, kCompareNotEqual, 1.0, 0.1));
-    EXPECT_FALSE(CompareDouble(1.0, kCompareNotEqual, 1.0, 0.0));
-    EXPECT_FALSE(CompareDouble(1.0, 6, 1.0, 0.0));
-    EXPECT_FALSE(CompareDouble(1.0, -1, 1.0, 0.0));
+    // Equality rounds to twelve digits; the tolerance counts by its magnitude and not for "<";
+    // modes outside 0..5 are never true.
+    // clang-format off
+    const std::tuple<double, int, double, double, bool> cases[] = {
+        {1.0000000000001, kCompareEqual, 1.0, 0.0, true}, {1.0000000000001, kCompareGreater, 1.0, 0.0, false},
+        {1.00000000001, kCompareGreater, 1.0, 0.0, true}, {1.05, kCompareEqual, 1.0, -0.1, true},
+        {1.05, kCompareGreaterOrEqual, 1.0, 0.1, true}, {0.95, kCompareGreaterOrEqual, 1.0, 0.1, true},
+        {0.8, kCompareGreaterOrEqual, 1.0, 0.1, false}, {1.05, kCompareLessOrEqual, 1.0, 0.1, true},
+        {1.0, kCompareLess, 1.0, 5.0, false}, {0.9, kCompareLess, 1.0, 5.0, true},
+        {1.2, kCompareNotEqual, 1.0, 0.1, true}, {1.0, kCompareNotEqual, 1.0, 0.0, false},
+        {1.0, 6, 1.0, 0.0, false}, {1.0, -1, 1.0, 0.0, false}};
+    // clang-format on
+    for (const auto& [a, mode, b, tolerance, expected] : cases) {
+        EXPECT_EQ(CompareDouble(a, mode, b, tolerance), expected) << a << " mode " << mode << " " << b;
+    }
 }
 
 TEST_F(modUtilities, FormatPointPrintsHistoricFormatsWithAPoint) {
-    EXPECT_EQ(FormatPoint(1.23456, "0.0000"), "1.2346");
-    EXPECT_EQ(FormatPoint(-0.5, "0.000"), "-0.500");
-    EXPECT_EQ(FormatPoint(1234.5, "#########0"), "1235");
-    EXPECT_EQ(FormatPoint(0.0, "#########0"), "0");
-    EXPECT_EQ(FormatPoint(2.675, "0.00"), "2.68"); // decided on 15 digits, not the binary value
-    EXPECT_EQ(FormatPoint(0.125, "0.00"), "0.13");
-    EXPECT_EQ(FormatPoint(-0.001, "0.00"), "0.00"); // no minus on a zero
-    EXPECT_EQ(FormatPoint(99.996, "0.00"), "100.00");
-    EXPECT_EQ(FormatPoint(12345678901.0, "0.0"), "12345678901.0");
-    EXPECT_EQ(FormatPoint(0.7, "0.0#"), "0.7");
-    EXPECT_EQ(FormatPoint(0.75, "0.0#"), "0.75");
-    EXPECT_EQ(FormatPoint(2.5, "0.0###"), "2.5");
-    EXPECT_EQ(FormatPoint(0.1234, "0.0%"), "12.3%");
-    EXPECT_EQ(FormatPoint(0.7, "#R"), "1R");
-    EXPECT_EQ(FormatPoint(0.5, "#.##"), ".5");
-    EXPECT_EQ(FormatPoint(1.0 / 3.0, "0.0##############"), "0.333333333333333");
-    EXPECT_EQ(FormatPoint(5.0, "0\" deg\""), "5 deg");
-    EXPECT_EQ(FormatPoint(-5.0, "0.0;(0.0)"), "(5.0)");
-    EXPECT_EQ(FormatPoint(0.5, ""), "0.5");
-    EXPECT_EQ(FormatPoint(0.00001, ""), "1E-05");
-    EXPECT_EQ(FormatPoint(3.0, "0,0"), "0.3"); // literal comma replaced by the point
+    // Rounding is decided on 15 digits, not the binary value (2.675); a zero has no minus; a
+    // literal comma is replaced by the point.
+    // clang-format off
+    const std::tuple<double, const char*, const char*> cases[] = {
+        {1.23456, "0.0000", "1.2346"}, {-0.5, "0.000", "-0.500"}, {1234.5, "#########0", "1235"},
+        {0.0, "#########0", "0"}, {2.675, "0.00", "2.68"}, {0.125, "0.00", "0.13"}, {-0.001, "0.00", "0.00"},
+        {99.996, "0.00", "100.00"}, {12345678901.0, "0.0", "12345678901.0"}, {0.7, "0.0#", "0.7"},
+        {0.75, "0.0#", "0.75"}, {2.5, "0.0###", "2.5"}, {0.1234, "0.0%", "12.3%"}, {0.7, "#R", "1R"},
+        {0.5, "#.##", ".5"}, {1.0 / 3.0, "0.0##############", "0.333333333333333"},
+        {5.0, "0\" deg\"", "5 deg"}, {-5.0, "0.0;(0.0)", "(5.0)"}, {0.5, "", "0.5"}, {0.00001, "", "1E-05"},
+        {3.0, "0,0", "0.3"}};
+    // clang-format on
+    for (const auto& [value, format, expected] : cases) {
+        EXPECT_EQ(FormatPoint(value, format), expected) << value << " as " << format;
+    }
 }
 
 TEST_F(modUtilities, StringToDoubleTrustsTheUserSeparatorOnlyForWholeNumbers) {
@@ -159,22 +156,17 @@ TEST_F(modUtilities, StringToDoubleTrustsTheUserSeparatorOnlyForWholeNumbers) {
 }
 
 TEST_F(modUtilities, StringToIntegerRoundsHalfToEvenWithin16Bits) {
-    EXPECT_EQ(StringToInteger("2.5"), 2);
-    EXPECT_EQ(StringToInteger("3.5"), 4);
-    EXPECT_EQ(StringToInteger("-2.5"), -2);
-    EXPECT_EQ(StringToInteger("2.51"), 3);
-    EXPECT_EQ(StringToInteger("12abc"), 12);
-    EXPECT_EQ(StringToInteger("x"), 0);
-    EXPECT_EQ(StringToInteger("32767.4"), 32767);
-    EXPECT_EQ(StringToInteger("-32768.5"), -32768);
+    // clang-format off
+    const std::pair<const char*, int> cases[] = {{"2.5", 2}, {"3.5", 4}, {"-2.5", -2}, {"2.51", 3}, {"12abc", 12},
+                                                 {"x", 0}, {"32767.4", 32767}, {"-32768.5", -32768}};
+    // clang-format on
+    for (const auto& [text, expected] : cases) {
+        EXPECT_EQ(StringToInteger(text), expected) << text;
+    }
     gDecimalChar = ',';
     EXPECT_EQ(StringToInteger("1,5"), 2);
-    try {
-        StringToInteger("32767.5");
-        ADD_FAILURE() << "no overflow";
-    } catch (const CorvaneError& e) {
-        EXPECT_EQ(e.Number(), ErrorNumber::Overflow);
-    }
+    EXPECT_THAT([] { StringToInteger("32767.5"); }, testing::Throws<CorvaneError>(testing::Property(
+                                                        &CorvaneError::Number, ErrorNumber::Overflow)));
     EXPECT_THROW(StringToInteger("-40000"), CorvaneError);
     EXPECT_THROW(StringToInteger("1e999"), CorvaneError);
 }
@@ -208,18 +200,20 @@ TEST_F(modUtilities, DateStampsRoundTripAndRejectNonDates) {
 }
 
 TEST_F(modUtilities, WrapKeepsAnglesInTheirHalfOpenRanges) {
-    EXPECT_EQ(Wrap360(0.0), 0.0);
-    EXPECT_EQ(Wrap360(360.0), 0.0);
-    EXPECT_EQ(Wrap360(-360.0), 0.0);
-    EXPECT_EQ(Wrap360(-90.0), 270.0);
-    EXPECT_EQ(Wrap360(720.5), 0.5);
-    EXPECT_EQ(Wrap360(-1e-20), 0.0); // 360 - 1e-20 is 360
-    EXPECT_EQ(Wrap180(180.0), 180.0);
-    EXPECT_EQ(Wrap180(-180.0), 180.0);
-    EXPECT_EQ(Wrap180(181.0), -179.0);
-    EXPECT_EQ(Wrap180(-90.0), -90.0);
-    EXPECT_EQ(Wrap360(std::numeric_limits<double>::quiet_NaN()), 0.0);
-    EXPECT_EQ(Wrap180(-std::numeric_limits<double>::infinity()), 0.0);
+    // 360 - 1e-20 is 360, so -1e-20 wraps to 0; a value that is no angle gives 0.
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    // clang-format off
+    const std::pair<double, double> to360[] = {{0.0, 0.0}, {360.0, 0.0}, {-360.0, 0.0}, {-90.0, 270.0},
+                                               {720.5, 0.5}, {-1e-20, 0.0}, {nan, 0.0}};
+    const std::pair<double, double> to180[] = {{180.0, 180.0}, {-180.0, 180.0}, {181.0, -179.0}, {-90.0, -90.0},
+                                               {-std::numeric_limits<double>::infinity(), 0.0}};
+    // clang-format on
+    for (const auto& [angle, expected] : to360) {
+        EXPECT_EQ(Wrap360(angle), expected) << angle;
+    }
+    for (const auto& [angle, expected] : to180) {
+        EXPECT_EQ(Wrap180(angle), expected) << angle;
+    }
     const double huge = Wrap360(1e300);
     EXPECT_GE(huge, 0.0);
     EXPECT_LT(huge, 360.0);

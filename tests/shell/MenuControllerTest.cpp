@@ -34,41 +34,24 @@ protected:
 };
 
 TEST_F(MenuTest, EveryEntryCarriesItsCaption) {
+    // clang-format off
     const std::vector<std::pair<const char*, const char*>> captions = {
-        {"mnuFileNew", "&New project"},
-        {"mnuFileOpen", "&Open project..."},
-        {"mnuFileSave", "&Save project"},
-        {"mnuFileSaveAs", "&Save project as..."},
-        {"mnuFileViewArchive", "Open &archive..."},
-        {"mnuFileImport", "&Import project..."},
-        {"mnuFileExport", "&Export project..."},
-        {"mnuFileExit", "&Exit Corvane"},
-        {"mnuEdit", "&Edit"},
-        {"mnuViewPage_0", "&Project"},
-        {"mnuViewPage_1", "&Scan"},
-        {"mnuViewPage_2", "&Check"},
-        {"mnuViewPage_3", "&Documents"},
-        {"mnuScanHistoryAdd", "&Add..."},
-        {"mnuScanHistoryDelete", "&Delete..."},
-        {"mnuScanHistoryOverwrite", "&Overwrite..."},
-        {"mnuScanHistoryImport", "&Import..."},
-        {"mnuScanResetBuffer", "Reset scan buffer..."},
-        {"mnuScanMode", "Scan Mode"},
-        {"mnuScanModeManualEntry", "Manual entry"},
-        {"mnuScanModeDigitalDAQ", "Digitial DAQ"},
-        {"mnuScanOptions", "Scan options..."},
-        {"mnuCheckPlot", "&Check"},
-        {"mnuCheckPitchOnly", "Pitch only (ignore track)"},
-        {"mnuCheckPlotZoom_0", "&Equal XY scale..."},
-        {"mnuCheckPlotZoom_1", "&Magnified Y scale..."},
-        {"mnuToolsOpenReferencePage", "&Show REF panel..."},
-        {"mnuToolsReferenceEditor", "&Custom Reference editor..."},
-        {"mnuToolsSettings", "&Settings..."},
-        {"mnuHelpContents", "&Contents"},
-        {"mnuHelpSearch", "&Search for help on..."},
-        {"mnuHelpTechSupport", "&Obtaining Technical Support"},
-        {"mnuHelpAbout", "&About Corvane..."},
-    };
+        {"mnuFileNew", "&New project"}, {"mnuFileOpen", "&Open project..."}, {"mnuFileSave", "&Save project"},
+        {"mnuFileSaveAs", "&Save project as..."}, {"mnuFileViewArchive", "Open &archive..."},
+        {"mnuFileImport", "&Import project..."}, {"mnuFileExport", "&Export project..."},
+        {"mnuFileExit", "&Exit Corvane"}, {"mnuEdit", "&Edit"}, {"mnuViewPage_0", "&Project"},
+        {"mnuViewPage_1", "&Scan"}, {"mnuViewPage_2", "&Check"}, {"mnuViewPage_3", "&Documents"},
+        {"mnuScanHistoryAdd", "&Add..."}, {"mnuScanHistoryDelete", "&Delete..."},
+        {"mnuScanHistoryOverwrite", "&Overwrite..."}, {"mnuScanHistoryImport", "&Import..."},
+        {"mnuScanResetBuffer", "Reset scan buffer..."}, {"mnuScanMode", "Scan Mode"},
+        {"mnuScanModeManualEntry", "Manual entry"}, {"mnuScanModeDigitalDAQ", "Digitial DAQ"},
+        {"mnuScanOptions", "Scan options..."}, {"mnuCheckPlot", "&Check"},
+        {"mnuCheckPitchOnly", "Pitch only (ignore track)"}, {"mnuCheckPlotZoom_0", "&Equal XY scale..."},
+        {"mnuCheckPlotZoom_1", "&Magnified Y scale..."}, {"mnuToolsOpenReferencePage", "&Show REF panel..."},
+        {"mnuToolsReferenceEditor", "&Custom Reference editor..."}, {"mnuToolsSettings", "&Settings..."},
+        {"mnuHelpContents", "&Contents"}, {"mnuHelpSearch", "&Search for help on..."},
+        {"mnuHelpTechSupport", "&Obtaining Technical Support"}, {"mnuHelpAbout", "&About Corvane..."}};
+    // clang-format on
     for (const auto& [name, caption] : captions) {
         EXPECT_EQ(Caption(name), caption) << name;
     }
@@ -226,13 +209,11 @@ TEST_F(MenuTest, HelpWithoutItsFileSaysSo) {
 }
 
 TEST(ScanLabels, LettersThenPairsThenNumbers) {
-    EXPECT_EQ(ScanLabel(0), "A");
-    EXPECT_EQ(ScanLabel(25), "Z");
-    EXPECT_EQ(ScanLabel(26), "AA");
-    EXPECT_EQ(ScanLabel(27), "AB");
-    EXPECT_EQ(ScanLabel(52), "BA");
-    EXPECT_EQ(ScanLabel(701), "ZZ");
-    EXPECT_EQ(ScanLabel(702), "702");
+    const std::pair<int, const char*> cases[] = {{0, "A"},   {25, "Z"},   {26, "AA"},  {27, "AB"},
+                                                 {52, "BA"}, {701, "ZZ"}, {702, "702"}};
+    for (const auto& [index, label] : cases) {
+        EXPECT_EQ(ScanLabel(index), label) << index;
+    }
 }
 
 } // namespace

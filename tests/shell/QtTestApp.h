@@ -1,6 +1,9 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QApplication>
+#include <QFocusEvent>
 #include <QImage>
 #include <QWidget>
 
@@ -30,6 +33,18 @@ inline QImage Render(QWidget& widget) {
 
 inline QColor PixelAt(const QImage& image, int x, int y) {
     return QColor::fromRgb(image.pixel(x, y));
+}
+
+// The named child of a window; a missing one fails the test.
+template <typename T> T* Child(QWidget& window, const char* name) {
+    T* child = window.findChild<T*>(QString::fromLatin1(name));
+    EXPECT_NE(child, nullptr) << name;
+    return child;
+}
+
+inline void SendFocus(QWidget* target, QEvent::Type type) {
+    QFocusEvent event(type, Qt::TabFocusReason);
+    QApplication::sendEvent(target, &event);
 }
 
 } // namespace corvane::test

@@ -17,10 +17,7 @@ namespace {
 using test::PixelAt;
 using test::Render;
 
-void SendFocus(QWidget* target, QEvent::Type type) {
-    QFocusEvent event(type, Qt::TabFocusReason);
-    QApplication::sendEvent(target, &event);
-}
+using test::SendFocus;
 
 class ComboFieldTest : public ::testing::Test {
 protected:

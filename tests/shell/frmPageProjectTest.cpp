@@ -378,7 +378,6 @@ TEST_F(ProjectPageTest, RefreshShowsTheInnerRadiusInWholePercentAndTheMapFollows
     EXPECT_EQ(Combo("cboInnerRad")->Text(), QStringLiteral("On"));
     EXPECT_EQ(Text("txtInnerRad")->Text(), QStringLiteral("25"));
     EXPECT_EQ(Child<ctlPanelButton>("ctlScanRadius7")->Caption(), QStringLiteral("R25"));
-    EXPECT_TRUE(Child<ctlPanelButton>("ctlScanRadius7")->Enabled());
     EXPECT_EQ(Child<ctlPanelButton>("ctlScanRadius3")->Caption(), QStringLiteral("R70"));
     EXPECT_FALSE(gProjectDirty);
 
