@@ -44,11 +44,6 @@ TEST_F(EvaluateClassTest, WithoutReferenceNothingIsJudged) {
     EXPECT_EQ(json["ISOStandard"].text, "ISO484-2");
     ExpectVerdict(json, 0, "Scan not evaluated.");
     EXPECT_EQ(json["BestClass"]["Code"].number, 0);
-    // Every window is the value itself, and passes.
-    const JsonValue& window = json["Blades"][1]["Sections"][2]["NoseTailPitch"];
-    EXPECT_EQ(window["Lower"].number, window["Value"].number);
-    EXPECT_EQ(window["Upper"].number, window["Value"].number);
-    EXPECT_TRUE(window["Pass"].flag);
 }
 
 TEST_F(EvaluateClassTest, CleanPropellerMeetsClassSAgainstItsOwnPitch) {

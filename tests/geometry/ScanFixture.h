@@ -12,6 +12,7 @@
 
 #include <cmath>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace corvane::test {
@@ -60,6 +61,15 @@ protected:
         return gProject->PropellerScan(0)->Blades(blade)->Section(row);
     }
 };
+
+// A message box as it was shown: text, title, buttons and icon.
+inline void ExpectShown(const ScriptedPrompts::Shown& shown, const std::string& text,
+                        const std::string& title, int style) {
+    EXPECT_EQ(shown.kind, ScriptedPrompts::Kind::MessageBox);
+    EXPECT_EQ(shown.text, text);
+    EXPECT_EQ(shown.title, title);
+    EXPECT_EQ(shown.style, style);
+}
 
 // Angles equal round the circle within tol.
 inline ::testing::AssertionResult SameAngle(double actual, double expected, double tol = 1e-9) {

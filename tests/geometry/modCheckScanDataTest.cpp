@@ -17,13 +17,6 @@ const char* const kBladeError = "An error in the blade data was found. The blade
 const char* const kNoDataError =
     "An error in the scan data was found. The scan has no data and is unable to proceed.";
 
-void ExpectShown(const ScriptedPrompts::Shown& shown, const std::string& text, const std::string& title,
-                 int buttons) {
-    EXPECT_EQ(shown.text, text);
-    EXPECT_EQ(shown.title, title);
-    EXPECT_EQ(shown.style & MsgBox::ButtonsMask, buttons);
-}
-
 TEST_F(CheckScan, AlignsScansOfEitherHandAndEveryBladeCount) {
     const std::vector<double> offsets = {0.4, 1.5, -2.0, 0.75, -1.25, 2.5, -0.5};
     for (std::int16_t rotation : {0, 1}) {
@@ -101,7 +94,8 @@ TEST_F(CheckScan, ArmRadiusAtOrBelowZeroRefusesTheScan) {
         prompts.Expect(Answer::OK, "arm radius");
         EXPECT_EQ(CheckScanData(0), 0);
         ASSERT_EQ(prompts.History().size(), 1u);
-        ExpectShown(prompts.History()[0], kRadiusError, "Scan Data Error", MsgBox::OKOnly);
+        ExpectShown(prompts.History()[0], kRadiusError, "Scan Data Error",
+                    MsgBox::OKOnly | MsgBox::Exclamation);
     }
 }
 
@@ -115,14 +109,15 @@ TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
     prompts.Expect(Answer::Yes, "Blade 3 has");
     EXPECT_EQ(CheckScanData(0), 1);
     ExpectShown(prompts.History().at(0), "Blade 3 has no sections. Do you wish to proceed?",
-                "Scan Data Warning...", MsgBox::YesNo);
+                "Scan Data Warning...", MsgBox::YesNo | MsgBox::Exclamation);
 
     prompts.Clear();
     Sweep(prop)->Blades(1)->SetSectionCount(0);
     prompts.Expect(Answer::No, "Blade 3 has");
     prompts.Expect(Answer::OK, "blade data");
     EXPECT_EQ(CheckScanData(0), 0);
-    ExpectShown(prompts.History().at(1), kBladeError, "Scan Data Error", MsgBox::OKOnly);
+    ExpectShown(prompts.History().at(1), kBladeError, "Scan Data Error",
+                MsgBox::OKOnly | MsgBox::Exclamation);
 
     prompts.Clear();
     prop.BladeCount = 4;
@@ -142,7 +137,7 @@ TEST_F(CheckScan, AScanWithoutDataIsRefused) {
     prompts.Expect(Answer::OK, "no data");
     EXPECT_EQ(CheckScanData(0), 0);
     ASSERT_EQ(prompts.History().size(), 2u);
-    ExpectShown(prompts.History()[1], kNoDataError, "Scan Data Error", MsgBox::OKOnly);
+    ExpectShown(prompts.History()[1], kNoDataError, "Scan Data Error", MsgBox::OKOnly | MsgBox::Exclamation);
 }
 
 TEST_F(CheckScan, NoScanOrNoBladesIsRefusedSilently) {

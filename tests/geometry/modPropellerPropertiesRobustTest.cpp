@@ -15,14 +15,6 @@ using PropertiesOnBadScans = PropertiesTest;
 const char* const kInsertError =
     "An error occurred inserting points into the raw data curves. Please check the data and try again.";
 
-void ExpectShown(const ScriptedPrompts::Shown& shown, const std::string& text, const std::string& title,
-                 int icon) {
-    EXPECT_EQ(shown.kind, ScriptedPrompts::Kind::MessageBox);
-    EXPECT_EQ(shown.text, text);
-    EXPECT_EQ(shown.title, title);
-    EXPECT_EQ(shown.style, MsgBox::OKOnly | icon);
-}
-
 void ExpectUnmeasured(clsPropeller& scan, int slot, int row) {
     SCOPED_TRACE("slot " + std::to_string(slot) + ", row " + std::to_string(row));
     auto blade = scan.Blades(slot);
@@ -47,18 +39,10 @@ TEST_F(PropertiesOnBadScans, DegenerateSweepsAreLeftOutOfEveryMeasure) {
             still->SetThetaDeg(i, still->ThetaDeg(0));
         }
         auto back = stored->Blades(3)->Section(0);
-        for (auto get :
-             {&clsSection::RadiusArray, &clsSection::ThetaDegArray, &clsSection::AxialDropXArray}) {
-            std::vector<double> v = (*back.*get)();
-            std::reverse(v.begin(), v.end());
-            if (get == &clsSection::RadiusArray) {
-                back->SetRadiusArray(v);
-            } else if (get == &clsSection::ThetaDegArray) {
-                back->SetThetaDegArray(v);
-            } else {
-                back->SetAxialDropXArray(v);
-            }
-        }
+        const auto reversed = [](std::vector<double> v) { return std::vector<double>(v.rbegin(), v.rend()); };
+        back->SetRadiusArray(reversed(back->RadiusArray()));
+        back->SetThetaDegArray(reversed(back->ThetaDegArray()));
+        back->SetAxialDropXArray(reversed(back->AxialDropXArray()));
         auto scan = Check();
         ASSERT_TRUE(scan);
         EXPECT_TRUE(prompts.History().empty());
@@ -231,7 +215,7 @@ TEST_F(PropertiesOnBadScans, BladesWithoutACommonSegmentCannotBeResampled) {
     ASSERT_TRUE(scan);
     ASSERT_EQ(prompts.History().size(), 1u);
     ExpectShown(prompts.History()[0], kInsertError, "Error calculating propeller properties",
-                MsgBox::Critical);
+                MsgBox::OKOnly | MsgBox::Critical);
 }
 
 TEST_F(PropertiesOnBadScans, FailuresNameTheScanBladeAndSection) {
@@ -250,7 +234,7 @@ TEST_F(PropertiesOnBadScans, FailuresNameTheScanBladeAndSection) {
     ExpectShown(prompts.History()[1],
                 "An error occurred calculating local pitch segments from the Scan data (Scan: AB, Blade: 1, "
                 "Section: 0.3).",
-                "Scan Data Error", MsgBox::Exclamation);
+                "Scan Data Error", MsgBox::OKOnly | MsgBox::Exclamation);
     gRadialPositions[7] = 0.3;
 
     // Without a diameter the section measures divide by zero.
@@ -263,7 +247,7 @@ TEST_F(PropertiesOnBadScans, FailuresNameTheScanBladeAndSection) {
     ExpectShown(prompts.History()[1],
                 "An error occurred calculating section properties from the Scan data (Scan: AB, Blade: 1, "
                 "Section: 0.95).",
-                "Scan Data Error", MsgBox::Exclamation);
+                "Scan Data Error", MsgBox::OKOnly | MsgBox::Exclamation);
 
     // Blades of one section have no ISO blade pitch.
     prompts.Clear();
@@ -277,7 +261,7 @@ TEST_F(PropertiesOnBadScans, FailuresNameTheScanBladeAndSection) {
     ASSERT_EQ(prompts.History().size(), 1u);
     ExpectShown(prompts.History()[0],
                 "An error occurred calculating ISO blade pitch from the Scan data (Scan: 702).",
-                "Scan Data Error", MsgBox::Exclamation);
+                "Scan Data Error", MsgBox::OKOnly | MsgBox::Exclamation);
 }
 
 } // namespace

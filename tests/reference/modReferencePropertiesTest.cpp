@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
@@ -190,16 +191,14 @@ TEST_F(ReferencePropertiesTest, ScanOfFewerBladesThanTheReferenceIsToldByBlade) 
     gProject->SetReferenceSourceIndex(1);
     prompts.SetAnswerFreely(true); // the error handler speaks first about the missing blade
     EXPECT_EQ(Calculate(), 0);
-    bool told = false;
-    for (const auto& shown : prompts.History()) {
-        if (shown.text ==
-            "An error occurred calculating the blade angle shift for the Propeller scan (Blade: 4).") {
-            EXPECT_EQ(shown.title, "Reference Data Error");
-            EXPECT_EQ(shown.style, MsgBox::OKOnly | MsgBox::Exclamation);
-            told = true;
-        }
-    }
-    EXPECT_TRUE(told);
+    const auto& history = prompts.History();
+    const auto told = std::find_if(history.begin(), history.end(), [](const auto& shown) {
+        return shown.text ==
+               "An error occurred calculating the blade angle shift for the Propeller scan (Blade: 4).";
+    });
+    ASSERT_NE(told, history.end());
+    EXPECT_EQ(told->title, "Reference Data Error");
+    EXPECT_EQ(told->style, MsgBox::OKOnly | MsgBox::Exclamation);
 }
 
 // A reference as the reference editor writes it: one blade of section values, no sweeps.
@@ -272,9 +271,7 @@ TEST_F(ReferencePropertiesTest, FileThatCannotBeResplinedIsTold) {
 using ResortTest = ReferenceTest;
 
 TEST_F(ResortTest, SectionsLandInTheRowsOfTheStandardTableAndStrangersAreDropped) {
-    gProject = std::make_shared<clsCorvane>();
-    gProject->SetUnits(std::make_shared<clsUnits>());
-    gProject->SetBladeCount(5);
+    NewProject(0, 5);
     clsPropeller ref;
     ref.SetDiameter(1234.0);
     ref.SetDescription("read");
