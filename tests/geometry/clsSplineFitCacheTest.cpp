@@ -91,16 +91,13 @@ TEST_F(clsSplineFitCacheTest, AKeptFitAnswersExactlyAsAFreshOne) {
     }
 
     // Resizing a spline whose control points came from the cache keeps them, as it keeps its own.
-    clsSplineFit kept = Fit(Sweep());
-    clsSplineFit own = fresh;
-    kept.SetCount(kept.count());
-    own.SetCount(own.count());
-    ExpectSameBits(Answers(kept), Answers(own));
-    clsSplineFit shrunk = Fit(Sweep());
-    clsSplineFit ownShrunk = fresh;
-    shrunk.SetCount(6);
-    ownShrunk.SetCount(6);
-    ExpectSameBits(Answers(shrunk), Answers(ownShrunk));
+    for (const std::int32_t count : {fresh.count(), 6}) {
+        clsSplineFit kept = Fit(Sweep());
+        clsSplineFit own = fresh;
+        kept.SetCount(count);
+        own.SetCount(count);
+        ExpectSameBits(Answers(kept), Answers(own));
+    }
 }
 
 TEST_F(clsSplineFitCacheTest, OneBitOfInputOrASettingMakesAnotherFit) {
