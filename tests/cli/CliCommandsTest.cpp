@@ -63,12 +63,15 @@ TEST_F(CliCommandsTest, InfoCollectsTheReadersNotice) {
 TEST_F(CliCommandsTest, UnreadableFilesGiveOneLineAndExitTwo) {
     const std::string garbage = temp.File("garbage.cvpj");
     std::ofstream(garbage, std::ios::binary) << "\x01\x02 not a project\r\n[Other]\r\nA=1\r\n";
-    for (const std::string& path : {temp.File("missing.cvpj"), garbage, temp.Path().string()}) {
-        const CliRun run = Cli({"info", path, "--json"});
-        EXPECT_EQ(run.code, 2) << path;
-        EXPECT_EQ(CountLines(run.err), 1) << run.err;
-        EXPECT_NE(run.err.find(path), std::string::npos);
-        EXPECT_TRUE(run.out.empty());
+    for (const std::string command : {"info", "evaluate"}) {
+        for (const std::string& path : {temp.File("missing.cvpj"), garbage, temp.Path().string()}) {
+            const CliRun run = Cli({command, path, "--json"});
+            EXPECT_EQ(run.code, 2) << command << " " << path;
+            EXPECT_EQ(CountLines(run.err), 1) << run.err;
+            EXPECT_EQ(run.err.rfind("corvane-cli " + command + ": cannot read " + path + ": ", 0), 0u)
+                << run.err;
+            EXPECT_TRUE(run.out.empty());
+        }
     }
     EXPECT_EQ(Cli({"info"}).code, 1);
     EXPECT_EQ(Cli({"demo", temp.File("x.cvpj"), "--points", "many"}).code, 1);

@@ -10,7 +10,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 
 namespace corvane::cli {
 namespace {
@@ -147,18 +146,6 @@ TEST_F(EvaluateCommandTest, QuestionsAreAnsweredToGoOnAndShownOnStandardError) {
     const JsonValue json = Json(run);
     ExpectRelative(json["ISOPropellerPitch"].number, 36.0, 1e-7, "ISOPropellerPitch");
     EXPECT_EQ(json["Blades"][1]["Sections"][0]["RawOffsetCount"].number, 0.0);
-}
-
-TEST_F(EvaluateCommandTest, UnreadableProjectsExitTwoWithTheReason) {
-    const std::string garbage = temp.File("garbage.cvpj");
-    std::ofstream(garbage, std::ios::binary) << "\x01\x02 not a project\r\n[Other]\r\nA=1\r\n";
-    for (const std::string& path : {temp.File("missing.cvpj"), garbage}) {
-        const CliRun run = Cli({"evaluate", path, "--json"});
-        EXPECT_EQ(run.code, 2) << path;
-        EXPECT_NE(run.err.find("corvane-cli evaluate: cannot read " + path + ": "), std::string::npos)
-            << run.err;
-        EXPECT_TRUE(run.out.empty());
-    }
 }
 
 TEST_F(EvaluateCommandTest, WrongOptionsExitTwoWithTheUsage) {
