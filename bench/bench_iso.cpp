@@ -10,12 +10,14 @@
 // were kept: typical 78 ms, heavy 293 ms. Every pass measured the scan and the reference copy of
 // it again and fitted every raw curve anew, though only the panel grids and the windows change
 // from class to class. Now each fit is kept, keyed on its exact input, for the whole search
-// (clsSplineFitCache): typical 17-18 ms, heavy 70-85 ms; still above the targets. What is left
-// is the work around the fits that every pass repeats on each raw point: wrapping the angles and
-// loading the points of each fit (a kept fit is found by comparing its whole input), the spline
-// queries of the resampling, the reference copy of the scan and its rebuilt sections, and the
+// (clsSplineFitCache): typical 17-18 ms, heavy 70-85 ms. With the checked element access of the
+// geometry code made small enough to inline (its error raised out of line), on a quiet machine
+// (2026-11-23, medians of 5): typical 10.4 ms, heavy 43.3 ms, within the targets. Most of what
+// is left is the work around the fits that every pass repeats on each raw point: wrapping the
+// angles and loading the points of each fit (a kept fit is found by comparing its whole input),
+// the spline queries of the resampling, the reference copy of the scan and its rebuilt sections, and the
 // memory the first pass takes for its fits (some 15 MB for the heavy scan). On the same machine
-// one check of the typical scan with its properties (bench_geometry_scan) takes 3.1 ms.
+// one check of the typical scan with its properties (bench_geometry_scan) takes 2.6 ms.
 //
 // The scans come from the virtual propeller quantised as the arm's encoders quantise (0.009
 // degree, 0.01 mm); the reference is a scan reference on the variable pitch of the propeller.

@@ -11,16 +11,19 @@
 
 namespace corvane::geometry {
 
+// Out of line, so that At stays small enough to inline: it sits in every inner loop.
+[[noreturn]] void ThrowSubscriptOutOfRange();
+
 template <class T> T& At(std::vector<T>& v, long long i) {
     if (i < 0 || static_cast<std::size_t>(i) >= v.size()) {
-        throw CorvaneError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
+        ThrowSubscriptOutOfRange();
     }
     return v[static_cast<std::size_t>(i)];
 }
 
 template <class T> const T& At(const std::vector<T>& v, long long i) {
     if (i < 0 || static_cast<std::size_t>(i) >= v.size()) {
-        throw CorvaneError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
+        ThrowSubscriptOutOfRange();
     }
     return v[static_cast<std::size_t>(i)];
 }
