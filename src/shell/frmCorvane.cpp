@@ -48,23 +48,6 @@ QSettings PlacementSettings() {
     return QSettings(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Corvane"));
 }
 
-// The active scan of the project, or null when it has none.
-std::shared_ptr<clsPropeller> ActiveScan() {
-    if (!gProject) {
-        return nullptr;
-    }
-    const int scan = gProject->ActiveScanIndex();
-    if (scan < 0 || scan >= gProject->PropellerScanCount()) {
-        return nullptr;
-    }
-    return gProject->PropellerScan(scan);
-}
-
-bool BladeEnabled(int blade) {
-    const auto scan = ActiveScan();
-    return scan && blade >= 0 && blade < scan->BladeCount() && scan->Blades(blade)->BladeEnabled();
-}
-
 } // namespace
 
 frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
@@ -258,20 +241,25 @@ void frmCorvane::ctlScanButton_Click() {
     SetBladeButtonState(1);
 }
 
-void frmCorvane::ctlCheckButton_Click() {
-    switch (checkPage_->PassGates(false)) {
+bool frmCorvane::PassCheckGates(bool forReport) {
+    switch (checkPage_->PassGates(forReport)) {
     case GateOutcome::ToProjectPage:
         ctlProjButton_Click();
-        return;
+        return false;
     case GateOutcome::ToScanPage:
         ctlScanButton_Click();
-        return;
+        return false;
     case GateOutcome::Open:
         break;
     }
-    for (int blade = 0; blade < 7; ++blade) {
-        gShowBladeFlags[static_cast<std::size_t>(blade)] = BladeEnabled(blade);
+    return true;
+}
+
+void frmCorvane::ctlCheckButton_Click() {
+    if (!PassCheckGates(false)) {
+        return;
     }
+    ShowEnabledBlades();
     SetBladeButtonState(2);
     Lock_Controls();
     OpenPage(PageCheck);
@@ -282,20 +270,11 @@ void frmCorvane::ctlCheckButton_Click() {
 }
 
 void frmCorvane::ctlDocsButton_Click() {
-    switch (checkPage_->PassGates(true)) {
-    case GateOutcome::ToProjectPage:
-        ctlProjButton_Click();
+    if (!PassCheckGates(true)) {
         return;
-    case GateOutcome::ToScanPage:
-        ctlScanButton_Click();
-        return;
-    case GateOutcome::Open:
-        break;
     }
     gShowRadiusFlags.fill(true);
-    for (int blade = 0; blade < 7; ++blade) {
-        gShowBladeFlags[static_cast<std::size_t>(blade)] = BladeEnabled(blade);
-    }
+    ShowEnabledBlades();
     SetBladeButtonState(2);
     Lock_Controls();
     OpenPage(PageReport);

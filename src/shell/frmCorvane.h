@@ -117,6 +117,11 @@ private:
     void RestoreBladeButtons();
     // The tool strip's click actions when unlocked on the page now open.
     void SetBladeClickActions();
+    // The CHECK and REPORT gates: true when the page may open, otherwise the page the gate
+    // sends the user to is opened and false comes back.
+    bool PassCheckGates(bool forReport);
+    // Every blade of the active scan that is switched on is shown.
+    void ShowEnabledBlades();
 
     int activePage_ = PageProject;
     int bladeViewMode_ = 1;

@@ -203,11 +203,15 @@ void frmCorvane::Blade_Only(int index) {
 void frmCorvane::Blades_Or_Prop() {
     // ANY keeps the blades the technician picked; ALL and ISO show the whole propeller.
     if (bladeViewMode_ != 2) {
-        for (int blade = 0; blade < 7; ++blade) {
-            gShowBladeFlags[static_cast<std::size_t>(blade)] = IsBladeEnabled(blade);
-        }
+        ShowEnabledBlades();
     }
     Blades_Depress();
+}
+
+void frmCorvane::ShowEnabledBlades() {
+    for (int blade = 0; blade < 7; ++blade) {
+        gShowBladeFlags[static_cast<std::size_t>(blade)] = IsBladeEnabled(blade);
+    }
 }
 
 void frmCorvane::Blades_Count_Show() {
