@@ -71,10 +71,11 @@ int RunEvaluate(const std::vector<std::string>& args, std::ostream& out, std::os
         gISO484->SetISOCriteriaIndex(*options.criteriaIndex);
     summary.scanLabel = ScanLetterLabel(gProject->PropellerScan(summary.scanIndex)->ScanID());
 
-    if (!ApplyReferenceOptions(options, err))
-        return 2;
-
+    // A reference file is read against the calculated scan, as the window reads one only after
+    // CHECK: a scan saved before its first check has no diameter yet.
     if (!CalculateScanGeometry(kCommand, summary.scanIndex, err))
+        return 2;
+    if (!ApplyReferenceOptions(options, err))
         return 2;
     ShowEnabledBlades(summary.scanIndex);
     if (!EvaluateISO(summary, err))

@@ -136,7 +136,7 @@ void WriteBlade(JsonWriter& json, clsPropeller& scan, int b, const EvaluationSum
         if (bladeResults && bladeResults->Evaluated) {
             Window(json, "MaxDiameter", bladeResults->MaxDiameter);
             Window(json, "BladeMeanPitch", bladeResults->BladeMeanPitch);
-            Window(json, "BladeSpacing", bladeResults->BladeSpacing);
+            OptionalWindow(json, "BladeSpacing", bladeResults->BladeSpacing);
             json.Field("SpacingToPrev", bladeResults->SpacingToPrev)
                 .Field("SpacingToNext", bladeResults->SpacingToNext);
         }

@@ -1,6 +1,7 @@
 #include "cli/EvaluationSummary.h"
 
 #include "iso484/clsISO484.h"
+#include "iso484/modISO484.h"
 #include "model/Globals.h"
 #include "model/NumberFormat.h"
 #include "model/clsBlades.h"
@@ -16,6 +17,8 @@ namespace {
 
 constexpr const char* kAngleFormat = "0.00";
 constexpr const char* kRatioFormat = "0.000";
+// Class 3 judges no local pitch.
+constexpr std::int16_t kClassWithoutLocalPitch = 4;
 
 std::string Cell(std::string text, std::size_t width) {
     if (text.size() < width)
@@ -27,8 +30,14 @@ std::string Length(double value) {
     return FormatNumber(value, gUnits->PropLengthFormat());
 }
 
-// The names of the criteria that failed at one section, or "-" when none did.
-std::string FailedCriteria(const ISOSectionResults& results) {
+// The names of the criteria that failed at one section and count for the class verdict, or "-"
+// when none did. A row the class does not require counts for nothing; local pitch does not count
+// in class 3, pitch continuity only with the secondary criteria.
+std::string FailedCriteria(const ISOSectionResults& results, int k) {
+    ISOSectionMask mask{};
+    GetSectionMask(*gISO484, mask);
+    if (k < 0 || k >= kISOSectionRows || !mask[static_cast<std::size_t>(k)])
+        return "-";
     std::string names;
     const auto add = [&names](bool failed, const char* name) {
         if (failed)
@@ -41,7 +50,7 @@ std::string FailedCriteria(const ISOSectionResults& results) {
         return false;
     };
     add(!results.NoseTailPitch.Pass, "NoseTailPitch");
-    add(anyFailed(results.LocalPitch), "LocalPitch");
+    add(gISO484->ISOClassIndex() != kClassWithoutLocalPitch && anyFailed(results.LocalPitch), "LocalPitch");
     // Pitch continuity is a secondary criterion: it is worked out always but only counts then.
     add(gISO484->ISOCriteriaIndex() == 1 &&
             (anyFailed(results.PitchContinuitySum) || anyFailed(results.PitchContinuityDiff)),
@@ -106,7 +115,7 @@ void WriteBladeTable(std::ostream& out, clsPropeller& scan, int b, const Evaluat
             << Cell(Length(section->ISOLEArcLengthPerSection()), 9)
             << Cell(std::to_string(section->SegmentPanelCount()), 6);
         if (const ISOSectionResults* results = SectionResults(summary, b, k))
-            out << FailedCriteria(*results);
+            out << FailedCriteria(*results, k);
         out << "\n";
     }
 }

@@ -122,15 +122,6 @@ int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
         return 2;
     }
 
-    Header header;
-    if (!ReadProjectHeader(path, header.projectID, header.lastModified, header.customer,
-                           header.markedDiameter, header.markedPitch, header.bladeCount, header.classIndex,
-                           header.propLengthIndex)) {
-        err << "corvane-cli info: cannot read " << path
-            << ": not a project file (no Project or PropellerInfo block)\n";
-        return 2;
-    }
-
     // The reader's notices are collected, not printed: they are part of the answer.
     ScriptedPrompts notices;
     notices.SetAnswerFreely(true);
@@ -142,10 +133,29 @@ int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
     const bool tesselby = Lower(FileExtensionOf(path)) == "tbsc";
     const int result = tesselby ? ReadTesselbyFile(path, true) : ReadProjectFile(path, true);
     const std::string notice = CollectedNotice(notices);
+    if (!HoldsProjectBlocks(path)) {
+        err << "corvane-cli info: cannot read " << path << ": not a Corvane project file\n";
+        return 2;
+    }
     if (result != 1) {
         err << "corvane-cli info: cannot read " << path << ": "
             << (notice.empty() ? "the file is damaged" : LastLine(notice)) << "\n";
         return 2;
+    }
+
+    // The header as the library lists it; an older file without a Project block has its values
+    // in other blocks, which the full read has found.
+    Header header;
+    if (!ReadProjectHeader(path, header.projectID, header.lastModified, header.customer,
+                           header.markedDiameter, header.markedPitch, header.bladeCount, header.classIndex,
+                           header.propLengthIndex)) {
+        header.projectID = gProject->ProjectID();
+        header.customer = gProject->Customer();
+        header.markedDiameter = gProject->MarkedDiameter();
+        header.markedPitch = gProject->MarkedPitch();
+        header.bladeCount = gProject->BladeCount();
+        header.classIndex = gISO484->ISOClassIndex();
+        header.propLengthIndex = gUnits->PropLengthIndex();
     }
 
     const std::string classTag = gISO484->ISOClassFileTag(header.classIndex);

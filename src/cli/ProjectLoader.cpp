@@ -68,6 +68,10 @@ bool LoadProject(const std::string& command, const std::string& path, std::ostre
         const bool tesselby = Lower(FileExtensionOf(path)) == "tbsc";
         result = tesselby ? ReadTesselbyFile(path, true) : ReadProjectFile(path, true);
     }
+    if (!HoldsProjectBlocks(path)) {
+        err << prefix << "not a Corvane project file\n";
+        return false;
+    }
     if (result != 1) {
         const std::string reason =
             notices.History().empty() ? std::string() : LastLine(notices.History().back().text);

@@ -6,6 +6,7 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modUtilities.h"
 #include "reference/modImportFile.h"
 #include "reference/modReferenceProperties.h"
 #include "support/modNVSystemUtilities.h"
@@ -82,28 +83,11 @@ void UseBladesWithData() {
 
 } // namespace
 
-std::array<double, 8> PitchAtStandardRows(std::vector<std::pair<double, double>> points,
+std::array<double, 8> PitchAtStandardRows(const std::vector<std::pair<double, double>>& points,
                                           const std::array<double, 8>& rows) {
     std::array<double, 8> pitch{};
-    if (points.empty())
-        return pitch;
-    std::stable_sort(points.begin(), points.end(),
-                     [](const auto& a, const auto& b) { return a.first < b.first; });
-    for (std::size_t row = 0; row < rows.size(); ++row) {
-        const double r = rows[row];
-        if (r <= points.front().first) {
-            pitch[row] = points.front().second;
-        } else if (r >= points.back().first) {
-            pitch[row] = points.back().second;
-        } else {
-            std::size_t i = 1;
-            while (points[i].first < r)
-                ++i;
-            const auto& [r0, p0] = points[i - 1];
-            const auto& [r1, p1] = points[i];
-            pitch[row] = r1 > r0 ? p0 + (p1 - p0) * (r - r0) / (r1 - r0) : p1;
-        }
-    }
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        pitch[row] = InterpolateLinear(points, rows[row]);
     return pitch;
 }
 

@@ -26,7 +26,7 @@ bool UsableReferenceSettings();
 // The pitch at each row of the standard radial table from (r/R, pitch) points: straight lines
 // between the points in order of r/R, the end values beyond them. The project's table has one
 // row per section, and the nose-tail pitch of section k is taken against row k.
-std::array<double, 8> PitchAtStandardRows(std::vector<std::pair<double, double>> points,
+std::array<double, 8> PitchAtStandardRows(const std::vector<std::pair<double, double>>& points,
                                           const std::array<double, 8>& rows);
 
 } // namespace corvane::cli

@@ -5,6 +5,7 @@
 #include "files/modProjectFileSupport.h"
 #include "files/modReferenceFile.h"
 #include "iso484/clsISO484.h"
+#include "iso484/modISO484.h"
 #include "model/Globals.h"
 #include "model/NumberText.h"
 #include "model/clsCorvane.h"
@@ -225,6 +226,7 @@ ReadOutcome ReadProjectBlocks(BlockReader& reader) {
     }
     if (!tail.Step([&] {
             RepairInnerRadius(*gProject, *gISO484);
+            ApplyInnerRadiusRow(*gISO484);
             found = file.ReadBlock("ReferencePropellerInfo", reader.path) == 1;
             if (found) {
                 ReadReferenceSettings(reader, schema);
@@ -280,6 +282,15 @@ int ReadProjectHeader(const std::string& path, std::string& projectID, std::stri
         return 1;
     } catch (...) {
         return 0;
+    }
+}
+
+bool HoldsProjectBlocks(const std::string& path) {
+    try {
+        clsFileINI file;
+        return file.ReadBlock("Project", path) != 0 || file.ReadBlock("PropellerInfo", path) != 0;
+    } catch (...) {
+        return false;
     }
 }
 

@@ -50,6 +50,10 @@ int ReadProjectHeader(const std::string& path, std::string& projectID, std::stri
                       std::string& customer, double& markedDiameter, std::string& markedPitch,
                       std::int16_t& bladeCount, std::int16_t& classIndex, std::int16_t& propLengthIndex);
 
+// True when the file holds a Project or a PropellerInfo block, as every project and sibling-format
+// file does: a file without either is no project file at all, not a damaged one.
+bool HoldsProjectBlocks(const std::string& path);
+
 // Reads a Michigan Wheel (ppp) reference into a propeller for a project of bladeCount blades:
 // 1 on success. The PPP import installs one; until then no ppp reference can be read again on
 // loading a project.

@@ -4,6 +4,7 @@
 #include "files/modProjectFileSupport.h"
 #include "files/modReferenceFile.h"
 #include "iso484/clsISO484.h"
+#include "iso484/modISO484.h"
 #include "model/Globals.h"
 #include "model/NumberText.h"
 #include "model/clsCorvane.h"
@@ -148,6 +149,7 @@ ReadOutcome ReadTesselbyBlocks(BlockReader& reader, bool showNotice) {
     }
     if (!tail.Step([&] {
             RepairInnerRadius(project, *gISO484);
+            ApplyInnerRadiusRow(*gISO484);
             found = file.ReadBlock("ReferencePropellerInfo", reader.path) == 1;
             if (found) {
                 ReadReferenceSettings(reader);

@@ -7,8 +7,9 @@
 //
 // The cache is only active while a SplineFitHold lives (see HoldSplineFits): the evaluation chain
 // holds one while it brings the scan and its reference up to date, and the search for the best
-// class holds one over its four runs, where only the panel grid changes from run to run and
-// almost every raw curve is fitted again unchanged. A fit that ran into an error is never kept,
+// class holds one over its four runs, where only the tolerance windows change from run to run
+// (the panels are counted by the project's own class every time) and every raw curve is
+// fitted again unchanged. A fit that ran into an error is never kept,
 // so that it is fitted, and told about, again.
 
 #include "geometry/clsSplineFit.h"

@@ -3,44 +3,13 @@
 #include "model/clsBlades.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modBladeCoverage.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
 
 #include <string>
 
 namespace corvane {
-
-namespace {
-
-// Offsets of section row k of a blade; a row beyond the blade's sections has none.
-int OffsetsAt(clsBlades& blade, int k) {
-    return k < blade.SectionCount() ? blade.Section(k)->RawOffsetCount() : 0;
-}
-
-// True when the blade holds a sweep of at least two offsets in some row.
-bool HoldsSweep(clsBlades& blade) {
-    for (int k = 0; k < blade.SectionCount(); ++k) {
-        if (OffsetsAt(blade, k) >= 2) {
-            return true;
-        }
-    }
-    return false;
-}
-
-// True when every swept blade holds row k with at least two offsets. A blade that was not swept
-// at all has no span to compare with and takes no part; otherwise it would leave no row on any
-// blade, and no blade could be placed.
-bool RowOnEveryBlade(const clsPropeller& propeller, int k) {
-    for (int c = 0; c < propeller.BladeCount(); ++c) {
-        auto blade = propeller.Blades(c);
-        if (OffsetsAt(*blade, k) < 2 && HoldsSweep(*blade)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-} // namespace
 
 std::int32_t CalcISOEffectiveBladeAngle(double& result, clsPropeller& propeller, int blade) {
     ErrorTail tail("calculating the ISO effective blade angle for blade " + std::to_string(blade));
@@ -53,7 +22,7 @@ std::int32_t CalcISOEffectiveBladeAngle(double& result, clsPropeller& propeller,
         int rows = 0;
         for (int k = 0; k < target->SectionCount(); ++k) {
             // An unswept blade holds none of the rows the others share.
-            if (OffsetsAt(*target, k) < 2 || !RowOnEveryBlade(propeller, k)) {
+            if (!SweptRow(*target, k) || !RowOnEveryBlade(propeller, k)) {
                 continue;
             }
             auto section = target->Section(k);

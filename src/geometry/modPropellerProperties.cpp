@@ -46,11 +46,11 @@ std::string ScanLetter(int id) {
 // Everything one calculation needs besides the propeller, read from the project once.
 class PropertiesRun {
 public:
-    PropertiesRun(clsPropeller& propeller, bool panelMode)
-        : propeller_(propeller), panelMode_(panelMode), rotation_(gProject->RotationIndex()),
-          leftHand_(rotation_ != 0), markedRadius_(gProject->MarkedDiameter() / 2.0),
-          cupExclusion_(gProject->CupExclusionDistance()), leExclusion_(gProject->LEExclusionDistance()),
-          scan_(ScanLetter(propeller.ScanID())) {}
+    PropertiesRun(clsPropeller& propeller, bool panelMode, clsPropeller& panelGrid)
+        : propeller_(propeller), panelGrid_(panelGrid), panelMode_(panelMode),
+          rotation_(gProject->RotationIndex()), leftHand_(rotation_ != 0),
+          markedRadius_(gProject->MarkedDiameter() / 2.0), cupExclusion_(gProject->CupExclusionDistance()),
+          leExclusion_(gProject->LEExclusionDistance()), scan_(ScanLetter(propeller.ScanID())) {}
 
     bool SetSegmentLimits();
     bool ResampleSegmentEnds();
@@ -78,6 +78,7 @@ private:
     }
 
     clsPropeller& propeller_;
+    clsPropeller& panelGrid_;
     bool panelMode_;
     std::int16_t rotation_;
     bool leftHand_;
@@ -367,7 +368,7 @@ bool PropertiesRun::MeasurePanels() {
                 const std::shared_ptr<clsSection> first = propeller_.Blades(0)->Section(k);
                 n = first->SegmentPanelCount() > 1 ? first->SegmentPanelCount() : first->RawOffsetCount();
             } else {
-                n = GetSectionPanelCount(propeller_, b, k, false);
+                n = GetSectionPanelCount(panelGrid_, b, k, false);
             }
             if (CalcLocalPitchByNormal(rotation_, propeller_, b, k, n, false, Curve(b, k)) == 0) {
                 ShowError("An error occurred calculating local pitch segments from the Scan data (Scan: " +
@@ -414,7 +415,8 @@ bool PropertiesRun::MeasurePropeller() {
 
 } // namespace
 
-std::int32_t CalculatePropellerProperties(clsPropeller& propeller, bool panelMode, bool setSegmentLimits) {
+std::int32_t CalculatePropellerProperties(clsPropeller& propeller, bool panelMode, bool setSegmentLimits,
+                                          clsPropeller* panelGrid) {
     std::int32_t status = 0;
     GuardedStep("calculating propeller geometric properties", [&] {
         status = 0;
@@ -427,7 +429,7 @@ std::int32_t CalculatePropellerProperties(clsPropeller& propeller, bool panelMod
             status = 1;
             return;
         }
-        PropertiesRun run(propeller, panelMode);
+        PropertiesRun run(propeller, panelMode, panelGrid ? *panelGrid : propeller);
         if ((setSegmentLimits && !run.SetSegmentLimits()) || !run.ResampleSegmentEnds() ||
             !run.MeasureBlades() || !run.MeasurePanels() || !run.MeasureBCL() || !run.MeasurePropeller()) {
             return;

@@ -20,7 +20,9 @@ namespace corvane {
 //     EffectivePitch, ISOEffectiveBladeAngleDeg, ISOLEArcLengthPerSection, and SkewHelix taken
 //     from the effective angle (from the GL in panelMode); a section without segment gets skew 0.
 //  5. The local pitch panels of every section with a segment (48 per section's blade-0 panel
-//     count in panelMode).
+//     count in panelMode). The count of a row comes from the chords of `panelGrid` when one is
+//     given: a reference is cut on the grid of the scan it is compared with, panel j of one
+//     against panel j of the other.
 //  6. ISOTotalThetaDegToBCL / ISOTotalAxialRakeToBCL at each section's raw mid-angle.
 //  7. ISOPropellerPitch.
 // PitchMean is not set here; CalcIntegratedPropellerPitch does that.
@@ -29,6 +31,7 @@ namespace corvane {
 // section or blade step is told under "Scan Data Error" (a resampling failure under "Error
 // calculating propeller properties"); a bad radius or nose-tail pitch met while trimming by the
 // exclusion distances, and a failure of the arc length or skew, end it without a message.
-std::int32_t CalculatePropellerProperties(clsPropeller& propeller, bool panelMode, bool setSegmentLimits);
+std::int32_t CalculatePropellerProperties(clsPropeller& propeller, bool panelMode, bool setSegmentLimits,
+                                          clsPropeller* panelGrid = nullptr);
 
 } // namespace corvane

@@ -7,12 +7,12 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modBladeCoverage.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -143,86 +143,48 @@ std::vector<int> OrderByPosition(const std::vector<double>& effective, bool righ
     return order;
 }
 
-// A blade holds a sweep when some section of it has two points or more, the least an
-// effective angle is taken from.
-bool HoldsSweep(clsBlades& blade) {
-    for (int k = 0; k < blade.SectionCount(); ++k) {
-        if (blade.Section(k)->RawOffsetCount() >= 2) {
-            return true;
-        }
-    }
-    return false;
-}
-
-// Slot of each swept blade when some blades hold no sweep, so that an unswept blade takes the
-// slot where a blade is missing rather than the end of the order. The swept blades, ordered by
-// their angle from blade 0 against the direction of rotation, go into the slots in that order,
-// each as near its slot's ideal place (S, 2S, ... from blade 0) as the order allows; the
-// unswept blades fill the slots left over, in their own order. Blade 0 stays first.
-std::vector<int> PlaceAroundGaps(const std::vector<double>& angle, const std::vector<bool>& swept,
+// Slots of the blades when some hold no sweep. The swept blades keep the order the positions
+// give (blade 0 first, then against the direction of rotation), and each takes the slot nearest
+// where it stands, never before the slot of the one ahead of it and leaving room for those
+// behind; the unswept blades, which stand nowhere, fill the slots left over in their own order.
+// With every blade swept this is the order itself, one blade per slot.
+std::vector<int> SlotsAroundGaps(const std::vector<double>& effective, const std::vector<bool>& swept,
                                  bool rightHand) {
-    const int count = static_cast<int>(angle.size());
+    const int count = static_cast<int>(effective.size());
     const double spacing = 360.0 / count;
-    std::vector<int> items;
-    std::vector<double> behind(angle.size(), 0.0);
-    for (int b = 1; b < count; ++b) {
-        const double turn = Wrap360(angle[static_cast<std::size_t>(b)] - angle[0]);
-        behind[static_cast<std::size_t>(b)] = rightHand ? Wrap360(-turn) : turn;
-        if (swept[static_cast<std::size_t>(b)]) {
-            items.push_back(b);
+    std::vector<double> sweptAngles;
+    std::vector<int> sweptBlades;
+    for (int b = 0; b < count; ++b) {
+        if (b == 0 || swept[static_cast<std::size_t>(b)]) {
+            sweptAngles.push_back(effective[static_cast<std::size_t>(b)]);
+            sweptBlades.push_back(b);
         }
     }
-    std::stable_sort(items.begin(), items.end(), [&](int x, int y) {
-        return behind[static_cast<std::size_t>(x)] < behind[static_cast<std::size_t>(y)];
-    });
-
-    // cost[t][s]: least total distance with items 0..t placed and item t in slot s; slots
-    // strictly increase along the items.
-    const auto n = static_cast<std::size_t>(count);
-    const double none = std::numeric_limits<double>::infinity();
-    std::vector<std::vector<double>> cost(items.size(), std::vector<double>(n, none));
-    std::vector<std::vector<std::size_t>> from(items.size(), std::vector<std::size_t>(n, 0));
-    for (std::size_t t = 0; t < items.size(); ++t) {
-        const double at = behind[static_cast<std::size_t>(items[t])];
-        for (std::size_t s = t + 1; s < n; ++s) {
-            const double own = std::fabs(Wrap180(at - spacing * static_cast<double>(s)));
-            if (t == 0) {
-                cost[t][s] = own;
-                continue;
-            }
-            for (std::size_t q = t; q < s; ++q) {
-                if (cost[t - 1][q] + own < cost[t][s]) {
-                    cost[t][s] = cost[t - 1][q] + own;
-                    from[t][s] = q;
-                }
-            }
-        }
+    const std::vector<int> order = OrderByPosition(sweptAngles, rightHand);
+    std::vector<int> slots(static_cast<std::size_t>(count), -1);
+    slots[0] = 0;
+    const int placed = static_cast<int>(order.size());
+    int previous = 0;
+    for (int t = 1; t < placed; ++t) {
+        const int blade = sweptBlades[static_cast<std::size_t>(order[static_cast<std::size_t>(t)])];
+        const double turn = Wrap360(effective[static_cast<std::size_t>(blade)] - effective[0]);
+        const double behind = rightHand ? Wrap360(-turn) : turn;
+        const int nearest = static_cast<int>(std::lround(behind / spacing));
+        const int slot = std::clamp(nearest, previous + 1, count - (placed - t));
+        slots[static_cast<std::size_t>(slot)] = blade;
+        previous = slot;
     }
-    std::vector<int> order(n, -1);
-    order[0] = 0;
-    if (!items.empty()) {
-        std::size_t s = items.size();
-        for (std::size_t q = s; q < n; ++q) {
-            if (cost[items.size() - 1][q] < cost[items.size() - 1][s]) {
-                s = q;
-            }
-        }
-        for (std::size_t t = items.size(); t-- > 0;) {
-            order[s] = items[t];
-            s = from[t][s];
-        }
-    }
-    std::size_t slot = 1;
+    int free = 1;
     for (int b = 1; b < count; ++b) {
         if (swept[static_cast<std::size_t>(b)]) {
             continue;
         }
-        while (order[slot] >= 0) {
-            ++slot;
+        while (slots[static_cast<std::size_t>(free)] >= 0) {
+            ++free;
         }
-        order[slot] = b;
+        slots[static_cast<std::size_t>(free)] = b;
     }
-    return order;
+    return slots;
 }
 
 } // namespace
@@ -349,20 +311,16 @@ std::int32_t AssignScanDataToGL(int scanIndex) {
         }
         if (!tail.Step([&] {
                 gl[static_cast<std::size_t>(i)] = scan->Blades(i)->GLPositionThetaDeg();
-                swept[static_cast<std::size_t>(i)] = HoldsSweep(*scan->Blades(i));
+                swept[static_cast<std::size_t>(i)] = HasEffectiveBladeAngle(*scan, i);
             })) {
             return 0;
         }
     }
-    // A blade without a sweep stands nowhere: its effective angle is only its GL angle. Sorted
-    // in with the others it would push the swept blades out of their slots.
-    std::vector<int> order;
-    if (std::find(swept.begin(), swept.end(), false) != swept.end() &&
-        std::find(swept.begin(), swept.end(), true) != swept.end()) {
-        order = PlaceAroundGaps(effective, swept, rotation == kRightHand);
-    } else {
-        order = OrderByPosition(effective, rotation == kRightHand);
-    }
+    // A blade without an effective angle stands nowhere: the angle it was given is only the GL of
+    // the slot it was stored in, which may be where a measured blade stands.
+    const bool gaps = std::find(swept.begin() + 1, swept.end(), false) != swept.end();
+    const std::vector<int> order = gaps ? SlotsAroundGaps(effective, swept, rotation == kRightHand)
+                                        : OrderByPosition(effective, rotation == kRightHand);
 
     return tail.Step([&] {
         auto copy = scan->CopyClass();

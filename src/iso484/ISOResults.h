@@ -53,7 +53,9 @@ struct ISOBladeResults {
     bool Evaluated = false; // the blade was enabled
     ISOWindow MaxDiameter;  // shown only; it never decides a class
     ISOWindow BladeMeanPitch;
-    ISOWindow BladeSpacing; // degrees: (SpacingToPrev - SpacingToNext) / 2 within +/- AngDeviationTol
+    // Degrees: (SpacingToPrev - SpacingToNext) / 2 within +/- AngDeviationTol; none for a blade
+    // that was never swept and so stands nowhere.
+    std::optional<ISOWindow> BladeSpacing;
     double SpacingToPrev = 0;
     double SpacingToNext = 0;
     std::vector<ISOSectionResults> Sections;

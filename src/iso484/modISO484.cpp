@@ -154,6 +154,12 @@ void SetISOLargeClassIIITolerances(clsISO484& iso) {
     ApplyColumn(iso, kLargeIII);
 }
 
+void ApplyInnerRadiusRow(const clsISO484& iso) {
+    constexpr std::size_t kInnerRow = 7;
+    const bool inner = iso.ISOIncludeInnerRadiusIndex() == 1 && iso.ISOInnerRadius() > 0.0;
+    gRadialPositions[kInnerRow] = inner ? iso.ISOInnerRadius() / 100.0 : kStandardRadialPositions[kInnerRow];
+}
+
 void SetISOStandardAndTolerances(clsISO484& iso, const clsCorvane& project) {
     ErrorTail tail("setting the ISO standard and tolerances");
     tail.Step([&] {

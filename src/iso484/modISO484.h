@@ -21,6 +21,12 @@ class clsCorvane;
 inline constexpr int kISOSectionRows = 8;
 using ISOSectionMask = std::array<bool, kISOSectionRows>;
 
+// Row 7 of the standard radial table (gRadialPositions) for the settings of iso: the inner
+// radius (ISOInnerRadius / 100) when it is on and above 0, the standard 0.3 otherwise. Applied
+// whenever a project is read or its inner radius setting changes, so that every screen and the
+// command line measure row 7 at the same radius.
+void ApplyInnerRadiusRow(const clsISO484& iso);
+
 // Picks the standard from the marked diameter (ISO 484-1 above 2.5 m, ISO 484-2 up to and at
 // 2.5 m) and fills the tolerances of the chosen class. Classes 1 and 1a share their tables;
 // the custom class, and any index outside the table, keeps the tolerances the instance holds.

@@ -99,6 +99,17 @@ bool Passes(std::int32_t status, const double& lower, const double& upper, const
 }
 
 // Rake of this blade less that of the other, within half this blade's rake window around 0.
+// The blade's spacing to the blades measured beside it; a blade that stands nowhere has none to
+// judge and passes.
+bool SpacingPasses(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade) {
+    if (!TakesPartInSpacing(project, scanIndex, blade)) {
+        return true;
+    }
+    double l = 0, u = 0, toPrev = 0, toNext = 0;
+    const std::int32_t status = EvaluateBladeSpacing(iso, project, scanIndex, blade, l, u, toPrev, toNext);
+    return Passes(status, l, u, (toPrev - toNext) / 2.0);
+}
+
 bool RakeBetweenPasses(const clsCorvane& project, double lower, double upper, double rake, double otherRake) {
     const double value = rake - otherRake;
     if (project.ReferenceSourceIndex() == 0) {
@@ -251,10 +262,7 @@ std::int16_t EvaluateClassStatus(const clsISO484& iso) {
             if (v > 0.0 && !Passes(pitchStatus, l, u, v)) {
                 return;
             }
-            double toPrev = 0, toNext = 0;
-            const std::int32_t spacingStatus =
-                EvaluateBladeSpacing(iso, project, scanIndex, b, l, u, toPrev, toNext);
-            if (!Passes(spacingStatus, l, u, (toPrev - toNext) / 2.0)) {
+            if (!SpacingPasses(iso, project, scanIndex, b)) {
                 return;
             }
             for (int k = 0; k < blade->SectionCount(); ++k) {
@@ -304,10 +312,7 @@ std::int16_t EvaluateClassPerBlade(const clsISO484& iso, int scanIndex, ISOClass
                 flags[kISORowBladeMeanPitch][bi] = false;
                 failed = true;
             }
-            double toPrev = 0, toNext = 0;
-            const std::int32_t spacingStatus =
-                EvaluateBladeSpacing(iso, project, scanIndex, b, l, u, toPrev, toNext);
-            if (!Passes(spacingStatus, l, u, (toPrev - toNext) / 2.0)) {
+            if (!SpacingPasses(iso, project, scanIndex, b)) {
                 flags[kISORowBladeSpacing][bi] = false;
                 failed = true;
             }
@@ -389,8 +394,9 @@ std::int16_t GetBestISOClass(int scanIndex, bool belowLimit, ISOClassCodes& code
         trial.SetISOTaskIndex(projectISO->ISOTaskIndex());
         const std::int16_t asked = projectISO->ISOClassIndex();
         std::int16_t verdict = 0;
-        // Only the panel grid and the windows change from one class to the next: every raw
-        // curve of the scan and of its reference is fitted in the first run only.
+        // Only the windows change from one class to the next: the panels are counted by the
+        // project's own class in every run, so every trial class is judged on the same grid, and
+        // every raw curve of the scan and of its reference is fitted in the first run only.
         const std::shared_ptr<void> fits = HoldISOGeometryFits();
         for (const std::int16_t classIndex : kClassesTried) {
             trial.SetISOClassIndex(classIndex);

@@ -65,11 +65,13 @@ private:
         out.MaxDiameter = {l, u, v, s == 1 && InsideWindow(l, u, v)};
         s = EvaluateBladeMeanPitch(iso_, project_, scanIndex_, b, l, u, v);
         out.BladeMeanPitch = Judge(s, l, u, v, kISOStatusBladeMeanPitch);
-        double toPrev = 0, toNext = 0;
-        s = EvaluateBladeSpacing(iso_, project_, scanIndex_, b, l, u, toPrev, toNext);
-        out.BladeSpacing = Judge(s, l, u, (toPrev - toNext) / 2.0, kISOStatusSpacing);
-        out.SpacingToPrev = toPrev;
-        out.SpacingToNext = toNext;
+        if (TakesPartInSpacing(project_, scanIndex_, b)) {
+            double toPrev = 0, toNext = 0;
+            s = EvaluateBladeSpacing(iso_, project_, scanIndex_, b, l, u, toPrev, toNext);
+            out.BladeSpacing = Judge(s, l, u, (toPrev - toNext) / 2.0, kISOStatusSpacing);
+            out.SpacingToPrev = toPrev;
+            out.SpacingToNext = toNext;
+        }
 
         out.Sections.resize(static_cast<std::size_t>(blade.SectionCount() > 0 ? blade.SectionCount() : 0));
         for (int k = 0; k < blade.SectionCount(); ++k) {

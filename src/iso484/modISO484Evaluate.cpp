@@ -3,6 +3,8 @@
 #include <cmath>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "iso484/clsISO484.h"
 #include "model/CorvaneError.h"
@@ -11,6 +13,7 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modBladeCoverage.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
 
@@ -23,11 +26,13 @@ constexpr std::int16_t kStandardSmall = 1;
 constexpr std::int16_t kNoReference = 0;
 constexpr std::int16_t kReferenceFromScan = 1;
 constexpr std::int16_t kVariablePitch = 1;
+// Two r/R values this close name the same section row.
+constexpr double kRowTolerance = 0.01;
 constexpr std::int16_t kCamberedFace = 1;
 // The inner sections (r/R 0.4 and the inner radius) are allowed half as much again on pitch.
 constexpr int kFirstInnerRow = 6;
 constexpr double kInnerPitchFactor = 1.5;
-// A neighbour further off than this many nominal spacings is measured the other way round.
+// A next-door blade further off than this many nominal spacings is measured the other way round.
 constexpr double kSpacingWrapFactor = 1.5;
 
 [[noreturn]] void ThrowNotSet() {
@@ -48,6 +53,13 @@ std::shared_ptr<clsPropeller> ReferenceOf(const clsCorvane& project) {
         ThrowNotSet();
     }
     return reference;
+}
+
+// The blade of a file reference a scan blade is judged against. Every blade of a file reference
+// is the file's one blade repeated, so this is blade 0 in all but the rows the scan's blade 0
+// did not measure, which the reference leaves out on blade 0 alone.
+clsBlades& FileReferenceBlade(const clsPropeller& reference, int blade) {
+    return *reference.Blades(blade >= 0 && blade < reference.BladeCount() ? blade : 0);
 }
 
 std::string BladeContext(int blade, const std::string& what) {
@@ -85,9 +97,28 @@ template <class Get> double MeanOverEnabled(const clsPropeller& reference, Get g
     return sum / count;
 }
 
+// The reference pitch of a section row. A variable pitch table that holds the row (its r/R within
+// 0.01 of the row's, or no r/R at all) gives that row's pitch; a table with other rows is read
+// between its rows with a pitch, as the reference itself is built from them.
 double SectionPitchTarget(const clsCorvane& project, int section) {
-    return project.ReferenceSectionPitchIndex() == kVariablePitch ? project.ReferenceVariablePitch(section)
-                                                                  : project.ReferenceConstantPitch();
+    if (project.ReferenceSectionPitchIndex() != kVariablePitch) {
+        return project.ReferenceConstantPitch();
+    }
+    const double row = section >= 0 && section < static_cast<int>(gRadialPositions.size())
+                           ? gRadialPositions[static_cast<std::size_t>(section)]
+                           : 0.0;
+    std::vector<std::pair<double, double>> knots;
+    for (int i = 0; i < project.ReferenceVariablePitchCount(); ++i) {
+        const double r = project.ReferenceVariablePitchRadialPos(i);
+        const double p = project.ReferenceVariablePitch(i);
+        if (i == section && (r == 0.0 || CompareDouble(r, kCompareEqual, row, kRowTolerance))) {
+            return p;
+        }
+        if (r > 0.0 && p > 0.0) {
+            knots.emplace_back(r, p);
+        }
+    }
+    return InterpolateLinear(std::move(knots), row);
 }
 
 // Runs one evaluator body under the handler; the body returns false to give failure without
@@ -130,11 +161,10 @@ double LEArc(clsBlades& blade, int section, double markedDiameter, bool leftHand
 
 // A section measure against its reference: without a reference the window is the measured
 // value alone; otherwise it is `halfWidth(target)` either side of the target, which is the mean
-// over the enabled blades of a reference made from a scan, or blade `referenceBlade` of any
-// other reference.
+// over the enabled blades of a reference made from a scan, or the same blade of a file reference.
 template <class Measure, class HalfWidth>
-void SectionWindow(const clsCorvane& project, int scanIndex, int blade, int referenceBlade, Measure measure,
-                   HalfWidth halfWidth, double& lower, double& upper, double& value) {
+void SectionWindow(const clsCorvane& project, int scanIndex, int blade, Measure measure, HalfWidth halfWidth,
+                   double& lower, double& upper, double& value) {
     const double measured = measure(*ScanOf(project, scanIndex)->Blades(blade));
     if (project.ReferenceSourceIndex() == kNoReference) {
         Store({measured, measured, measured}, lower, upper, value);
@@ -143,7 +173,7 @@ void SectionWindow(const clsCorvane& project, int scanIndex, int blade, int refe
     auto reference = ReferenceOf(project);
     const double target = project.ReferenceSourceIndex() == kReferenceFromScan
                               ? MeanOverEnabled(*reference, measure)
-                              : measure(*reference->Blades(referenceBlade));
+                              : measure(FileReferenceBlade(*reference, blade));
     Store(Around(target, halfWidth(target), measured), lower, upper, value);
 }
 
@@ -201,7 +231,7 @@ std::int32_t EvaluateBladeMeanPitch(const clsISO484& iso, const clsCorvane& proj
         const double target =
             project.ReferenceSourceIndex() == kReferenceFromScan
                 ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
-                : reference->Blades(0)->ISOBladePitch();
+                : FileReferenceBlade(*reference, blade).ISOBladePitch();
         const double width =
             ApplyFloor(iso, target * iso.MeanPitchPerBladePercent(), iso.MeanPitchPerBladeTol());
         Store(Around(target, width, measured), lower, upper, value);
@@ -220,7 +250,7 @@ std::int32_t EvaluateNoseTailPitch(const clsISO484& iso, const clsCorvane& proje
         auto reference = ReferenceOf(project);
         const double target = project.ReferenceSourceIndex() == kReferenceFromScan
                                   ? SectionPitchTarget(project, section)
-                                  : reference->Blades(0)->Pitch(section);
+                                  : FileReferenceBlade(*reference, blade).Pitch(section);
         const double width = ApplyFloor(iso, target * iso.MeanPitchPerRadPercent() * InnerFactor(section),
                                         iso.MeanPitchPerRadTol());
         Store(Around(target, width, measured), lower, upper, value);
@@ -242,7 +272,7 @@ std::int32_t EvaluateLocalPitch(const clsISO484& iso, const clsCorvane& project,
         auto reference = ReferenceOf(project);
         double target = 0.0;
         if (project.ReferenceSourceIndex() != kReferenceFromScan) {
-            target = reference->Blades(0)->Section(section)->SegmentPanelPitch(segment);
+            target = FileReferenceBlade(*reference, blade).Section(section)->SegmentPanelPitch(segment);
         } else if (project.ReferenceLocalPitchIndex() == kCamberedFace) {
             double sum = 0.0;
             int count = 0;
@@ -268,9 +298,8 @@ std::int32_t EvaluateLocalPitch(const clsISO484& iso, const clsCorvane& project,
 std::int32_t EvaluateChordLength(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                  int section, double& lower, double& upper, double& value) {
     return Run(BladeContext(blade, " chord length"), [&] {
-        // A file reference gives one chord per section, on its first blade.
         SectionWindow(
-            project, scanIndex, blade, 0, [section](clsBlades& b) { return b.Chord(section); },
+            project, scanIndex, blade, [section](clsBlades& b) { return b.Chord(section); },
             [&iso](double target) {
                 return ApplyFloor(iso, target * iso.DZRatioPercent(), iso.DZRatioTol());
             },
@@ -283,8 +312,7 @@ std::int32_t EvaluateRakePosition(const clsISO484& iso, const clsCorvane& projec
                                   int section, double& lower, double& upper, double& value) {
     return Run(BladeContext(blade, " rake position"), [&] {
         SectionWindow(
-            project, scanIndex, blade, blade,
-            [section](clsBlades& b) { return b.ISOTotalAxialRakeToBCL(section); },
+            project, scanIndex, blade, [section](clsBlades& b) { return b.ISOTotalAxialRakeToBCL(section); },
             [&](double) { return project.ReferenceDiameter() * iso.RakePercent(); }, lower, upper, value);
         return true;
     });
@@ -299,21 +327,42 @@ std::int32_t EvaluateBladeSpacing(const clsISO484& iso, const clsCorvane& projec
         }
         auto scan = ScanOf(project, scanIndex);
         const double nominal = 360.0 / count;
-        const int prev = blade - 1 < 0 ? blade - 1 + count : blade - 1;
-        const int next = (blade + 1) % count;
         const double own = scan->Blades(blade)->ISOEffectiveBladeAngleDeg();
-        // Angle between two blades, taken the short way round past 0/360.
-        auto gap = [nominal](double a, double b) {
-            const double high = MaxDouble(a, b);
-            const double low = MinDouble(a, b);
-            double d = Wrap360(high - low);
-            if (d > kSpacingWrapFactor * nominal) {
-                d = Wrap360(low - high);
+        // The nearest blade `step` slots away that stands somewhere, and how many slots it is
+        // off: an unswept blade between is passed over, its gap counted.
+        auto neighbour = [&](int step, double& angle) {
+            for (int slots = 1; slots < count; ++slots) {
+                const int other = ((blade + step * slots) % count + count) % count;
+                if (other < scan->BladeCount() && HasEffectiveBladeAngle(*scan, other)) {
+                    angle = scan->Blades(other)->ISOEffectiveBladeAngleDeg();
+                    return slots;
+                }
             }
-            return d;
+            angle = own;
+            return 0;
         };
-        const double dPrev = gap(scan->Blades(prev)->ISOEffectiveBladeAngleDeg(), own) - nominal;
-        const double dNext = gap(scan->Blades(next)->ISOEffectiveBladeAngleDeg(), own) - nominal;
+        // Angle between two blades `slots` apart less its nominal, taken past 0/360 whichever
+        // way round it is nearer. Next-door blades keep the rule of half a spacing beyond the
+        // nominal.
+        auto deviation = [nominal](double a, double b, int slots) {
+            if (slots == 0) {
+                return 0.0;
+            }
+            const double expected = slots * nominal;
+            double d = Wrap360(MaxDouble(a, b) - MinDouble(a, b));
+            const bool otherWay = slots == 1 ? d > kSpacingWrapFactor * nominal
+                                             : std::fabs(360.0 - d - expected) < std::fabs(d - expected);
+            if (otherWay) {
+                d = Wrap360(MinDouble(a, b) - MaxDouble(a, b));
+            }
+            return d - expected;
+        };
+        double prevAngle = 0.0;
+        double nextAngle = 0.0;
+        const int prevSlots = neighbour(-1, prevAngle);
+        const int nextSlots = neighbour(1, nextAngle);
+        const double dPrev = deviation(prevAngle, own, prevSlots);
+        const double dNext = deviation(nextAngle, own, nextSlots);
         toPrev = dPrev;
         toNext = dNext;
         if (project.ReferenceSourceIndex() == kNoReference) {
@@ -324,6 +373,11 @@ std::int32_t EvaluateBladeSpacing(const clsISO484& iso, const clsCorvane& projec
         }
         return true;
     });
+}
+
+bool TakesPartInSpacing(const clsCorvane& project, int scanIndex, int blade) {
+    auto scan = project.PropellerScan(scanIndex);
+    return scan && HasEffectiveBladeAngle(*scan, blade);
 }
 
 std::int32_t EvaluateLEPosition(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,

@@ -6,8 +6,9 @@
 // decides nothing itself.
 //
 // Targets by the project's ReferenceSourceIndex: 1 (another scan) takes the mean over the
-// enabled blades of ReferenceScan, 2 and 3 (a file) the value of reference blade 0 (the blades
-// of a file reference are one blade repeated). With 0 (no reference) the value is the scan's
+// enabled blades of ReferenceScan, 2 and 3 (a file) the value of the reference blade of the same
+// index (the blades of a file reference are one blade repeated, each without the rows its scan
+// blade did not measure). With 0 (no reference) the value is the scan's
 // own and lower = upper = value, so every criterion passes.
 //
 // Under ISO 484-2 (ISOStandardIndex 1) a window narrower than the class's absolute tolerance
@@ -62,9 +63,16 @@ std::int32_t EvaluateRakePosition(const clsISO484& iso, const clsCorvane& projec
 
 // Angular spacing to the neighbouring blades by their effective angles, each less the nominal
 // 360 / BladeCount. The window is +/- AngDeviationTol; the caller's value is
-// (toPrev - toNext) / 2. Without a reference lower = upper = that value.
+// (toPrev - toNext) / 2. Without a reference lower = upper = that value. A blade without an
+// effective angle (never swept) is no neighbour: the spacing is taken to the next blade that was
+// measured, less as many nominal spacings as it is slots away; with no other measured blade
+// both are 0.
 std::int32_t EvaluateBladeSpacing(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                   double& lower, double& upper, double& toPrev, double& toNext);
+
+// Whether a blade of the scan has a spacing to judge: it has an effective angle. The others are
+// left out of the spacing criterion, for themselves as for their neighbours.
+bool TakesPartInSpacing(const clsCorvane& project, int scanIndex, int blade);
 
 // Arc on the section's cylinder from the blade's effective angle to the leading edge (the last
 // raw offset), against the reference's arc. The window is 2 * min(ReferenceDiameter /

@@ -262,6 +262,27 @@ double MaxOfArray(const std::vector<double>& values) {
     return result;
 }
 
+double InterpolateLinear(std::vector<std::pair<double, double>> points, double x) {
+    if (points.empty()) {
+        return 0.0;
+    }
+    std::stable_sort(points.begin(), points.end(),
+                     [](const auto& a, const auto& b) { return a.first < b.first; });
+    if (x <= points.front().first) {
+        return points.front().second;
+    }
+    if (x >= points.back().first) {
+        return points.back().second;
+    }
+    std::size_t i = 1;
+    while (points[i].first < x) {
+        ++i;
+    }
+    const auto& [x0, y0] = points[i - 1];
+    const auto& [x1, y1] = points[i];
+    return x1 > x0 ? y0 + (y1 - y0) * (x - x0) / (x1 - x0) : y1;
+}
+
 double MinOfArray(const std::vector<double>& values) {
     if (values.empty()) {
         throw CorvaneError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");

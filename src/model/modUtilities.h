@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -62,6 +63,10 @@ double MinDouble(double a, double b);
 // Largest and smallest element; an empty array throws SubscriptOutOfRange.
 double MaxOfArray(const std::vector<double>& values);
 double MinOfArray(const std::vector<double>& values);
+
+// The value at x on the polyline through (x, y) points taken in order of x; beyond the first or
+// last point the end value holds. No points give 0.
+double InterpolateLinear(std::vector<std::pair<double, double>> points, double x);
 
 // True when the whole text (blanks around it allowed) is one number written with the given
 // decimal character: sign, digits, separator, digits, exponent.

@@ -13,6 +13,7 @@
 #include "model/CorvaneError.h"
 #include "model/Globals.h"
 #include "model/clsSection.h"
+#include "model/modBladeCoverage.h"
 #include "model/modUtilities.h"
 #include "support/Services.h"
 
@@ -164,7 +165,13 @@ bool ReferenceRun::AngleShift(double& shift) {
     double sumActive = 0.0;
     int count = 0;
     for (int i = 0; i < project_.BladeCount(); ++i) {
-        if (project_.ReferenceScanBladesEnabled(i) != 1) {
+        // A blade that either scan holds but never swept stands nowhere: its angle would only be
+        // its GL. A blade missing from a scan altogether is an error of the calculation.
+        const auto standsNowhere = [i](const clsPropeller& scan) {
+            return i < scan.BladeCount() && !HasEffectiveBladeAngle(scan, i);
+        };
+        if (project_.ReferenceScanBladesEnabled(i) != 1 || standsNowhere(*reference_) ||
+            standsNowhere(active_)) {
             continue;
         }
         double angle = 0.0;
@@ -189,6 +196,13 @@ bool ReferenceRun::FromScan() {
     // so that the project's own scans are left as they are.
     reference_ = project_.PropellerScan(project_.InternalScanIndex())->CopyClass();
     project_.SetReferenceScan(reference_);
+    // Blades are switched on when their scan is evaluated; a scan that has not been the active
+    // one this session has had none switched on yet.
+    for (int b = 0; b < reference_->BladeCount(); ++b) {
+        if (HoldsSweep(*reference_->Blades(b))) {
+            reference_->Blades(b)->SetBladeEnabled(true);
+        }
+    }
     double shift = 0.0;
     if (!AngleShift(shift)) {
         return false;
@@ -316,6 +330,10 @@ void ReferenceRun::ApplyRowMeans(int k, const RowSums& sums) {
     const double radialPos = Mean(sums.radius, sums.count) / (project_.MarkedDiameter() / 2.0);
     const double pitch = SectionPitch(radialPos);
     const double measuredPitch = Mean(sums.pitch, sums.count);
+    if (project_.ReferenceLocalPitchIndex() == 1 && measuredPitch == 0.0) {
+        // The shape of a pitch of nothing cannot be carried to another level.
+        throw CorvaneError(ErrorNumber::Overflow, "Overflow");
+    }
     const std::vector<double> ends = sums.MeanEnds();
     for (int b = 0; b < ref.BladeCount(); ++b) {
         clsBlades& blade = *ref.Blades(b);

@@ -8,6 +8,7 @@
 #include "model/CorvaneError.h"
 #include "model/Globals.h"
 #include "model/clsSection.h"
+#include "model/modBladeCoverage.h"
 #include "model/modUtilities.h"
 #include "reference/ReferenceRun.h"
 #include "reference/modImportFile.h"
@@ -35,6 +36,12 @@ bool HasOffsets(const clsPropeller& propeller, int b, int k) {
     }
     const std::shared_ptr<clsBlades> blade = propeller.Blades(b);
     return k >= 0 && k < blade->SectionCount() && blade->Section(k)->RawOffsetCount() > 1;
+}
+
+void BlankSection(clsSection& s) {
+    s.SetRawOffsetCount(0);
+    s.SetSegmentOffsetCount(0);
+    s.SetSegmentPanelCount(0);
 }
 
 void Warn(const std::string& text, const char* title) {
@@ -82,66 +89,63 @@ bool ReferenceRun::FromFile() {
         return false;
     }
     setHeader();
-    // A row the scan did not measure is not compared: the reference leaves it out too.
-    for (int b = 0; b < ref.BladeCount(); ++b) {
-        const std::shared_ptr<clsBlades> blade = ref.Blades(b);
+
+    // Blade 0 of the file is turned and shifted onto the active scan's blade 0: S and D carry its
+    // effective angle and axial position about its GL onto those of the scan's blade. Both are
+    // taken on the same span: on a copy of the file's blade that holds only the rows the scan's
+    // blade 0 is placed by.
+    const clsBlades& scanBlade = *active_.Blades(0);
+    const std::shared_ptr<clsPropeller> span = ref.CopyClass();
+    {
+        const std::shared_ptr<clsBlades> blade = span->Blades(0);
         for (int k = 0; k < blade->SectionCount(); ++k) {
-            if (!HasOffsets(active_, b, k)) {
-                clsSection& s = *blade->Section(k);
-                s.SetRawOffsetCount(0);
-                s.SetSegmentOffsetCount(0);
-                s.SetSegmentPanelCount(0);
+            if (!HasOffsets(active_, 0, k) || !RowOnEveryBlade(active_, k)) {
+                BlankSection(*blade->Section(k));
             }
         }
     }
-
-    // Blade 0 of the file is turned and shifted onto the active scan's blade 0: S and D carry its
-    // effective angle and axial position about its GL onto those of the scan's blade.
-    const clsBlades& refBlade = *ref.Blades(0);
-    const clsBlades& scanBlade = *active_.Blades(0);
+    const double refGL = span->Blades(0)->GLPositionThetaDeg();
+    const double refAxialGL = span->Blades(0)->GLPositionAxialX();
     double angle = 0.0;
-    if (CalcISOEffectiveBladeAngle(angle, ref, 0) == 0) {
+    if (CalcISOEffectiveBladeAngle(angle, *span, 0) == 0) {
         Tell("An error occurred calculating the blade angle shift for the Reference scan", 0);
         return false;
     }
-    const double rm = Wrap180(angle - refBlade.GLPositionThetaDeg());
+    const double rm = Wrap180(angle - refGL);
     if (CalcISOEffectiveBladeAngle(angle, active_, 0) == 0) {
         Tell("An error occurred calculating the blade angle shift for the Propeller scan", 0);
         return false;
     }
     const double shift = Wrap180(angle - scanBlade.GLPositionThetaDeg()) - rm;
     double axial = 0.0;
-    if (CalcISOEffectiveBladeAxialDrop(axial, ref, 0) == 0) {
+    if (CalcISOEffectiveBladeAxialDrop(axial, *span, 0) == 0) {
         Tell("An error occurred calculating the blade axial shift for the Reference scan", 0);
         return false;
     }
-    const double ra = axial - refBlade.GLPositionAxialX();
+    const double ra = axial - refAxialGL;
     if (CalcISOEffectiveBladeAxialDrop(axial, active_, 0) == 0) {
         Tell("An error occurred calculating the blade axial shift for the Propeller scan", 0);
         return false;
     }
     const double drop = axial - scanBlade.GLPositionAxialX() - ra;
-    for (int b = 0; b < ref.BladeCount(); ++b) {
-        const std::shared_ptr<clsBlades> blade = ref.Blades(b);
-        for (int k = 0; k < blade->SectionCount(); ++k) {
-            clsSection& s = *blade->Section(k);
-            if (s.RawOffsetCount() < 1) {
-                continue;
-            }
-            for (int j = 0; j < s.RawOffsetCount(); ++j) {
-                s.SetThetaDeg(j, Wrap360(s.ThetaDeg(j) + shift));
-                s.SetAxialDropX(j, s.AxialDropX(j) + drop);
-            }
-            s.SetRawAxialXLE(s.RawAxialXLE() + drop);
-            s.SetRawAxialXTE(s.RawAxialXTE() + drop);
-            s.SetRawAxialXBCL(s.RawAxialXBCL() + drop);
+    const std::shared_ptr<clsBlades> blade0 = ref.Blades(0);
+    for (int k = 0; k < blade0->SectionCount(); ++k) {
+        clsSection& s = *blade0->Section(k);
+        if (s.RawOffsetCount() < 1) {
+            continue;
         }
+        for (int j = 0; j < s.RawOffsetCount(); ++j) {
+            s.SetThetaDeg(j, Wrap360(s.ThetaDeg(j) + shift));
+            s.SetAxialDropX(j, s.AxialDropX(j) + drop);
+        }
+        s.SetRawAxialXLE(s.RawAxialXLE() + drop);
+        s.SetRawAxialXTE(s.RawAxialXTE() + drop);
+        s.SetRawAxialXBCL(s.RawAxialXBCL() + drop);
     }
 
     // Every blade is blade 0 again, on the GL of the scan's blade of the same index. The points
     // keep their turn about the GL (a GL of 0 on blade 0, as the scan alignment leaves it, makes
     // this plain addition) and are not wrapped.
-    const std::shared_ptr<clsBlades> blade0 = ref.Blades(0);
     blade0->SetGLPositionThetaDeg(scanBlade.GLPositionThetaDeg());
     const double gl0 = blade0->GLPositionThetaDeg();
     for (int b = 1; b < ref.BladeCount(); ++b) {
@@ -158,13 +162,26 @@ bool ReferenceRun::FromFile() {
             blade->SetRadialPos(k, blade0->RadialPos(k));
         }
     }
+    // A row a blade of the scan did not measure is not compared on that blade: the reference
+    // leaves it out there, and only there. Blanked before the copy, a row missing on blade 0
+    // would be missing on every blade.
+    for (int b = 0; b < ref.BladeCount(); ++b) {
+        const std::shared_ptr<clsBlades> blade = ref.Blades(b);
+        for (int k = 0; k < blade->SectionCount(); ++k) {
+            if (!HasOffsets(active_, b, k)) {
+                BlankSection(*blade->Section(k));
+            }
+        }
+    }
     for (int b = 0; b < ref.BladeCount(); ++b) {
         if (CalcISOEffectiveBladeAngle(angle, ref, b) == 0) {
             Tell("An error occurred calculating the blade angle shift for the Reference scan", b);
             return false;
         }
     }
-    return CopySegmentLimitsToReference(ref) == 1 && CalculatePropellerProperties(ref, false, false) == 1;
+    // The reference is cut into the panels of the scan's rows, so that panel j meets panel j.
+    return CopySegmentLimitsToReference(ref) == 1 &&
+           CalculatePropellerProperties(ref, false, false, &active_) == 1;
 }
 
 bool ReferenceRun::FinishBCL() {

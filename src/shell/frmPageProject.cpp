@@ -1,6 +1,7 @@
 #include "shell/frmPageProject.h"
 
 #include "iso484/clsISO484.h"
+#include "iso484/modISO484.h"
 #include "model/Globals.h"
 #include "model/NumberFormat.h"
 #include "model/clsCorvane.h"
@@ -230,8 +231,8 @@ void frmPageProject::txtInnerRad_Change() {
         SetTextQuietly(txtInnerRad_, edit.replacement);
     }
     gISO484->SetISOInnerRadius(edit.value);
+    ApplyInnerRadiusRow(*gISO484);
     ctlScanRadius_[7]->SetCaption(RadiusCaption(edit.value));
-    gRadialPositions[7] = edit.value / 100.0;
     UpdateRequiredMark(kInnerRadius);
     UserChanged();
 }
@@ -253,6 +254,7 @@ void frmPageProject::cboInnerRad_Click() {
         return;
     }
     gISO484->SetISOIncludeInnerRadiusIndex(static_cast<std::int16_t>(index));
+    ApplyInnerRadiusRow(*gISO484);
     const bool on = index == 1;
     SetInnerRadiusEnabled(on);
     // The field shows what the setting holds; the value itself stays as it is.
@@ -272,9 +274,8 @@ void frmPageProject::RefreshRadiusMap() {
     }
     ctlScanMaxRadius_->SetEnabled(true);
     const bool inner = gISO484->ISOIncludeInnerRadiusIndex() == 1 && gISO484->ISOInnerRadius() > 0;
+    ApplyInnerRadiusRow(*gISO484);
     if (inner) {
-        // Row 7 of the radial table is the inner radius whenever one is set.
-        gRadialPositions[7] = gISO484->ISOInnerRadius() / 100.0;
         ctlScanRadius_[7]->SetCaption(RadiusCaption(100.0 * gRadialPositions[7]));
     }
     ctlScanRadius_[7]->SetEnabled(inner);

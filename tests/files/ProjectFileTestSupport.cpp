@@ -1,5 +1,6 @@
 #include "ProjectFileTestSupport.h"
 
+#include "iso484/modISO484.h"
 #include "model/Globals.h"
 
 #include <filesystem>
@@ -86,6 +87,7 @@ void FillSampleProject() {
     iso.SetISOClassIndex(3);
     iso.SetISOIncludeInnerRadiusIndex(1);
     iso.SetISOInnerRadius(25.5);
+    ApplyInnerRadiusRow(iso); // the stations of the variable pitch table follow it
 
     p.SetRotationIndex(0);
     p.SetBladeCount(4);

@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace corvane {
 namespace {
@@ -40,7 +42,7 @@ TEST_F(EvaluatorTest, WithoutReferenceEveryWindowClosesOnTheValue) {
     RunChain(0, 1);
     EXPECT_EQ(EvaluateClassStatus(ISO()), 0);
     const ISOResults& r = ISO().Results();
-    EXPECT_TRUE(r.Blades[1].BladeSpacing.Pass);
+    EXPECT_TRUE(r.Blades[1].BladeSpacing->Pass);
     EXPECT_TRUE(r.Blades[1].Sections[2].ChordLength.Pass);
     EXPECT_TRUE(r.Blades[1].Sections[2].RakeToNextBlade->Pass);
 }
@@ -74,10 +76,12 @@ TEST_F(EvaluatorTest, TargetsFollowTheReferenceSource) {
     ASSERT_EQ(EvaluateLocalPitch(ISO(), Project(), 0, 0, 2, 1, l, u, v), 1);
     EXPECT_DOUBLE_EQ((l + u) / 2.0, (2090.0 + 2 * kPitch) / 3.0); // cambered face: measured panels
 
-    // From a file: reference blade 0, except the rake, which is the same blade's.
+    // From a file: the reference blade of the same index, never a mean.
     Project().SetReferenceSourceIndex(2);
-    ASSERT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 3, l, u, v), 1);
+    ASSERT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 0, l, u, v), 1);
     EXPECT_DOUBLE_EQ((l + u) / 2.0, 2060.0);
+    ASSERT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 3, l, u, v), 1);
+    EXPECT_DOUBLE_EQ((l + u) / 2.0, 9999.0);
     Reference().Blades(2)->SetISOTotalAxialRakeToBCL(3, 50.0);
     ASSERT_EQ(EvaluateRakePosition(ISO(), Project(), 0, 2, 3, l, u, v), 1);
     EXPECT_DOUBLE_EQ(l, 50.0 - kDiameter * 0.005);
@@ -128,7 +132,9 @@ TEST_F(EvaluatorTest, FloorsWidenOnlyUnderISO4842) {
 TEST_F(EvaluatorTest, BoundsAreInclusive) {
     ISO().SetISOClassIndex(5);
     ISO().SetMeanPitchPerBladePercent(0.25);
-    Reference().Blades(0)->SetISOBladePitch(1024.0);
+    for (int b = 0; b < kBlades; ++b) {
+        Reference().Blades(b)->SetISOBladePitch(1024.0);
+    }
     ScanBlade(0).SetISOBladePitch(1280.0); // 1024 + 256, exactly the upper bound
     ScanBlade(1).SetISOBladePitch(768.0);  // exactly the lower bound
     ScanBlade(2).SetISOBladePitch(1280.5);
@@ -139,20 +145,48 @@ TEST_F(EvaluatorTest, BoundsAreInclusive) {
     EXPECT_EQ(ISO().Results().Blades[2].BladeMeanPitch.Upper, 1280.0);
 }
 
-TEST_F(EvaluatorTest, BladeSpacingComparesBothNeighboursAcrossZero) {
-    TurnBlade(2, 1.5); // blades at 0, 270, 181.5, 90
-    double toPrev = 0, toNext = 0;
-    ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 2, l, u, toPrev, toNext), 1);
-    EXPECT_NEAR(toPrev, -1.5, 1e-9);
-    EXPECT_NEAR(toNext, 1.5, 1e-9);
-    EXPECT_EQ(l, -1.0);
-    EXPECT_EQ(u, 1.0);
-    ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 0, l, u, toPrev, toNext), 1);
-    EXPECT_NEAR(toPrev, 0.0, 1e-9); // 90 back to blade 3, not 270
-    EXPECT_NEAR(toNext, 0.0, 1e-9);
-    ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 3, l, u, toPrev, toNext), 1);
-    EXPECT_NEAR(toPrev, 1.5, 1e-9);
-    EXPECT_NEAR(toNext, 0.0, 1e-9);
+TEST_F(EvaluatorTest, BladeSpacingIsTakenToTheMeasuredNeighbours) {
+    // Blades stand at 0, 270, 180 and 90. An unswept blade keeps a stale angle of 0 that must
+    // never be taken for a position.
+    struct Case {
+        const char* name;
+        std::vector<int> unswept;
+        double turn2; // degrees blade 2 is off its place
+        int blade;
+        double toPrev;
+        double toNext;
+    };
+    const Case cases[] = {
+        {"turned blade, both ways across 0", {}, 1.5, 2, -1.5, 1.5},
+        {"turned blade seen from blade 0", {}, 1.5, 0, 0.0, 0.0},
+        {"turned blade seen from blade 3", {}, 1.5, 3, 1.5, 0.0},
+        {"gap after blade 0", {1}, 0.0, 0, 0.0, 0.0},
+        {"gap before blade 2", {1}, 0.0, 2, 0.0, 0.0},
+        {"gap, turned neighbour two slots on", {1}, 1.5, 0, 0.0, 1.5},
+        {"two gaps", {1, 2}, 0.0, 3, 0.0, 0.0},
+        {"alone", {1, 2, 3}, 0.0, 0, 0.0, 0.0},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        SetUp();
+        TurnBlade(2, c.turn2);
+        for (int b : c.unswept) {
+            ScanBlade(b).SetISOEffectiveBladeAngleDeg(0.0);
+            for (int k = 0; k < kSections; ++k) {
+                ScanBlade(b).Section(k)->SetRawOffsetCount(0);
+            }
+        }
+        double toPrev = 99, toNext = 99;
+        ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, c.blade, l, u, toPrev, toNext), 1);
+        EXPECT_NEAR(toPrev, c.toPrev, 1e-9);
+        EXPECT_NEAR(toNext, c.toNext, 1e-9);
+        EXPECT_EQ(l, -1.0);
+        EXPECT_EQ(u, 1.0);
+        for (int b = 0; b < kBlades; ++b) {
+            const bool unswept = std::find(c.unswept.begin(), c.unswept.end(), b) != c.unswept.end();
+            EXPECT_EQ(TakesPartInSpacing(Project(), 0, b), !unswept) << "blade " << b;
+        }
+    }
 }
 
 TEST_F(EvaluatorTest, LEPositionWindowIsCappedAndGivenAlongTheHelix) {

@@ -4,10 +4,12 @@
 
 #include "files/modReferenceFile.h"
 #include "iso484/modISO484Class.h"
+#include "model/modBladeCoverage.h"
 #include "reference/modImportFile.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <limits>
 #include <string>
@@ -215,6 +217,178 @@ TEST_F(VerdictTest, EveryReferenceSourceGivesTheSameVerdictForTheSameGeometry) {
         }
     }
     EXPECT_TRUE(prompts.History().empty());
+}
+
+// Sweeps that were never taken: every row of the blades given (as swept), and the rows given on
+// every blade.
+void Unswept(clsPropeller& scan, const std::vector<int>& blades, const std::vector<int>& rows) {
+    for (int b = 0; b < scan.BladeCount(); ++b) {
+        for (int k = 0; k < scan.Blades(b)->SectionCount(); ++k) {
+            const bool blade = std::find(blades.begin(), blades.end(), b) != blades.end();
+            const bool row = std::find(rows.begin(), rows.end(), k) != rows.end();
+            if (blade || row) {
+                scan.Blades(b)->SetSection(k, std::make_shared<clsSection>());
+            }
+        }
+    }
+}
+
+TEST_F(VerdictTest, PartialScansAreJudgedOnTheSweepsTaken) {
+    struct Case {
+        const char* name;
+        std::int16_t hand;
+        std::int16_t blades;
+        std::vector<int> unsweptBlades; // as swept, before the check numbers them
+        std::vector<int> unsweptRows;   // on every blade
+        std::int16_t classIndex;
+        std::int16_t best; // 1 meets, 3 partial scan meets
+    };
+    const Case cases[] = {
+        {"right hand, one blade never swept", 0, 4, {1}, {}, 0, 1},
+        {"right hand, the blade opposite blade 1", 0, 4, {2}, {}, 0, 1},
+        {"right hand, the last blade", 0, 4, {3}, {}, 0, 1},
+        {"left hand, five blades", 1, 5, {3}, {}, 0, 1},
+        {"right hand, two blades never swept", 0, 5, {1, 2}, {}, 0, 1},
+        {"one blade and four rows never swept", 0, 4, {1}, {0, 2, 4, 6, 7}, 1, 3},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        prompts.Clear();
+        prompts.Expect(Answer::Yes, "no sections"); // one question names every unswept blade
+        const clsVirtualPropeller prop = Shop(c.hand, c.blades);
+        ASSERT_TRUE(
+            Measure(prop, &prop, [&](clsPropeller& scan) { Unswept(scan, c.unsweptBlades, c.unsweptRows); }));
+        CleanScanReference();
+        EXPECT_EQ(Verdict(c.classIndex), 1);
+        EXPECT_EQ(Best(c.classIndex), c.best);
+        for (int b = 0; b < c.blades; ++b) {
+            const bool swept =
+                std::find(c.unsweptBlades.begin(), c.unsweptBlades.end(), b) == c.unsweptBlades.end();
+            const int slot = SlotOf(b, c.blades);
+            EXPECT_EQ(HasEffectiveBladeAngle(Active(), slot), swept) << "slot " << slot;
+            if (swept) {
+                EXPECT_EQ(Code(kISORowBladeSpacing, slot), 0) << "slot " << slot;
+                EXPECT_NEAR(Active().Blades(slot)->ISOEffectiveBladeAngleDeg(),
+                            Active().Blades(slot)->GLPositionThetaDeg(), 1e-6);
+            }
+        }
+        EXPECT_EQ(prompts.Pending(), 0u);
+        EXPECT_EQ(prompts.Unexpected(), std::vector<std::string>{});
+    }
+}
+
+TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
+    // A cvrf reference keeps no rake of its sections: a propeller without rake and skew.
+    clsVirtualPropeller shop = Shop();
+    shop.Rake = {{0.0, 0.0}};
+    shop.SkewDeg = {{0.0, 0.0}};
+    // Chords of just over 400 mm at the tip, swept a little outside the standard radius: the
+    // scan's tip row gets four panels by its chord, the reference row at 0.95 R only three by its
+    // own.
+    clsVirtualPropeller narrow = shop;
+    narrow.Chord = {{0.3, 300.0}, {0.7, 420.0}, {0.95, 401.0}};
+    const auto outerTip = [&narrow](clsPropeller& scan) {
+        clsPropeller outer;
+        outer.SetBladeCount(narrow.BladeCount);
+        narrow.FillScan(outer, {0.955}, kPoints);
+        for (int b = 0; b < scan.BladeCount(); ++b) {
+            scan.Blades(b)->SetSection(0, outer.Blades(b)->Section(0)->CopyClass());
+        }
+    };
+    enum class Source { Cvrf, Ppp, VariablePitch, NeverActiveScan, CamberedWithoutPitch };
+    struct Case {
+        const char* name;
+        Source source;
+        const clsVirtualPropeller& prop;
+        std::function<void(clsPropeller&)> edit;
+        std::int16_t best;      // the result of the best-class search
+        std::int16_t kept;      // the reference source left standing
+        std::size_t errorBoxes; // critical errors told
+    };
+    const auto rowOfFirstBlade = [](clsPropeller& scan) {
+        scan.Blades(0)->SetSection(3, std::make_shared<clsSection>());
+    };
+    const Case cases[] = {
+        {"cvrf file, a row the first blade lacks", Source::Cvrf, shop, rowOfFirstBlade, 1, 2, 0},
+        {"ppp file, a row the first blade lacks", Source::Ppp, shop, rowOfFirstBlade, 1, 2, 0},
+        {"ppp file, cut on the scan's panels", Source::Ppp, narrow, outerTip, -1, 2, 0},
+        {"variable pitch given at two radii", Source::VariablePitch, shop, [](clsPropeller&) {}, 1, 1, 0},
+        {"scan reference never evaluated", Source::NeverActiveScan, shop, [](clsPropeller&) {}, 1, 1, 0},
+        {"cambered face of a scan without pitch", Source::CamberedWithoutPitch, shop, [](clsPropeller&) {}, 0,
+         0, 1},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        prompts.Clear();
+        prompts.SetAnswerFreely(true);
+        clsVirtualPropeller clean = c.prop;
+        if (c.source == Source::CamberedWithoutPitch) {
+            clean.BladePitchFactor = {1.0, -1.0, 1.0, -1.0}; // a mean measured pitch of 0
+        }
+        ASSERT_TRUE(Measure(c.prop, &clean));
+        CleanScanReference();
+        std::string file;
+        if (c.source == Source::Cvrf || c.source == Source::Ppp) {
+            ASSERT_EQ(Calculate(), 1);
+            bool flag = false;
+            std::string text;
+            file = temp->File(c.source == Source::Cvrf ? "reference.cvrf" : "reference.ppp");
+            ASSERT_EQ(c.source == Source::Cvrf ? WriteReferenceBlocks(file, Ref(), flag, text)
+                                               : ExportPPPFile(file),
+                      1);
+            ASSERT_TRUE(Measure(c.prop, nullptr, c.edit));
+            auto read = std::make_shared<clsPropeller>();
+            if (c.source == Source::Cvrf) {
+                ASSERT_EQ(ReadReferenceBlocks(file, *read, flag, text, false), 1) << text;
+                ASSERT_EQ(ResortReferenceSections(*read), 1);
+            } else {
+                ASSERT_EQ(ImportPPPFile(file, *read, 4), 1);
+            }
+            gProject->SetReferenceSource(read);
+            gProject->SetReferenceSourceFilePath(file);
+            gProject->SetReferenceSourceIndex(2);
+        } else if (c.source == Source::VariablePitch) {
+            gProject->SetReferenceSectionPitchIndex(1);
+            gProject->SetReferenceVariablePitchCount(2);
+            for (int row = 0; row < 2; ++row) {
+                gProject->SetReferenceVariablePitchRadialPos(row, row == 0 ? 0.3 : 0.95);
+                gProject->SetReferenceVariablePitch(row, 2400.0);
+                gProject->SetReferenceVariablePitchEnabled(row, true);
+            }
+        } else if (c.source == Source::NeverActiveScan) {
+            for (int b = 0; b < 4; ++b) {
+                gProject->PropellerScan(1)->Blades(b)->SetBladeEnabled(false);
+            }
+        } else {
+            gProject->SetReferenceLocalPitchIndex(1);
+        }
+        std::int16_t verdict = -1;
+        gISO484->SetISOClassIndex(0);
+        EXPECT_EQ(RunISOEvaluationChain(verdict), 1);
+        EXPECT_EQ(gProject->ReferenceSourceIndex(), c.kept);
+        if (c.best >= 0) {
+            EXPECT_EQ(Best(0), c.best);
+        }
+        if (c.kept != 0) {
+            for (int b = 0; b < 4; ++b) {
+                for (int k = 0; k < 8; ++k) {
+                    if (Active().Blades(b)->Section(k)->RawOffsetCount() > 1) {
+                        EXPECT_EQ(Ref().Blades(b)->Section(k)->SegmentPanelCount(),
+                                  Active().Blades(b)->Section(k)->SegmentPanelCount())
+                            << "blade " << b << ", row " << k;
+                    }
+                }
+            }
+        }
+        std::size_t errors = 0;
+        for (const auto& shown : prompts.History()) {
+            errors += shown.kind == ScriptedPrompts::Kind::CriticalError ? 1 : 0;
+            if (c.errorBoxes == 0) {
+                ADD_FAILURE() << "told: " << shown.text;
+            }
+        }
+        EXPECT_EQ(errors, c.errorBoxes);
+    }
 }
 
 } // namespace
