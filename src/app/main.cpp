@@ -93,11 +93,12 @@ int main(int argc, char** argv) {
     if (!window) {
         return 1;
     }
-    // A file named on the command line (a file manager opening a .cvpj) opens as from the
-    // library; the demo opens the sample project, or builds it when the sample is not installed.
+    // A file named on the command line (a file manager opening a .cvpj) opens from the Project
+    // Library, copied there first when it lies elsewhere; the demo opens the sample project, or
+    // builds it when the sample is not installed.
     const QStringList files = parser.positionalArguments();
     if (!files.isEmpty()) {
-        corvane::OpenProjectFile(QFileInfo(files.first()).absoluteFilePath().toStdString());
+        window->Files().OpenNamedFile(QFileInfo(files.first()).absoluteFilePath().toStdString());
     } else if (parser.isSet(demo)) {
         // The demo is opened from a copy in the Project Library, so it is listed there and the
         // sample itself (and the source tree) never gets a lock or a save.

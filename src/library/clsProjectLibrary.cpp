@@ -157,7 +157,7 @@ bool clsProjectLibrary::CheckFolderWritable() const {
 int clsProjectLibrary::Load(const Progress& progress) {
     all_.clear();
     shown_.clear();
-    searchText_.clear();
+    searchTexts_.clear();
     ErrorTail tail("loading file library");
     std::vector<std::string> paths;
     tail.Step([&] {
@@ -221,29 +221,27 @@ int clsProjectLibrary::Search(const std::string& text) {
     if (text.empty())
         return static_cast<int>(shown_.size());
     const std::string lowered = Lowered(text);
-    const bool anyHit = std::any_of(all_.begin(), all_.end(),
+    const bool anyHit = std::any_of(shown_.begin(), shown_.end(),
                                     [&](const LibraryRow& row) { return RowHasText(row, lowered); });
     if (!anyHit)
         return 0;
-    searchText_ = text;
+    searchTexts_.push_back(lowered);
     ApplySearch();
     return static_cast<int>(shown_.size());
 }
 
 void clsProjectLibrary::ClearSearch() {
-    searchText_.clear();
+    searchTexts_.clear();
     ApplySearch();
 }
 
 void clsProjectLibrary::ApplySearch() {
-    if (searchText_.empty()) {
-        shown_ = all_;
-        return;
-    }
-    const std::string lowered = Lowered(searchText_);
+    // From all rows each time, so that a sort or a move keeps the narrowed list in step.
     shown_.clear();
-    std::copy_if(all_.begin(), all_.end(), std::back_inserter(shown_),
-                 [&](const LibraryRow& row) { return RowHasText(row, lowered); });
+    std::copy_if(all_.begin(), all_.end(), std::back_inserter(shown_), [&](const LibraryRow& row) {
+        return std::all_of(searchTexts_.begin(), searchTexts_.end(),
+                           [&](const std::string& lowered) { return RowHasText(row, lowered); });
+    });
 }
 
 bool clsProjectLibrary::CanTick(const std::string& path) const {

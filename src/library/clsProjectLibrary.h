@@ -85,13 +85,14 @@ public:
     int SortColumn() const { return sortColumn_; }
     bool SortAscending() const { return sortAscending_; }
 
-    // Keeps the rows with the text in a shown column, ignoring case, and gives their number.
-    // Without a hit the rows stay as they were and the result is 0. An empty text does nothing
-    // and gives the number shown.
+    // Keeps the rows shown that have the text in a shown column, ignoring case, and gives their
+    // number: each search narrows the one before, so "2026" then "tug" finds the rows with both.
+    // Without a hit among the rows shown they stay as they were and the result is 0. An empty
+    // text does nothing and gives the number shown.
     int Search(const std::string& text);
-    // Shows all rows again.
+    // Forgets every search: all rows are shown again.
     void ClearSearch();
-    bool Searching() const { return !searchText_.empty(); }
+    bool Searching() const { return !searchTexts_.empty(); }
 
     // Whether a row may be ticked for a move: not the project that is open now ("Open File
     // selected" says so).
@@ -116,7 +117,8 @@ private:
     bool archiveMode_ = false;
     std::vector<LibraryRow> all_;
     std::vector<LibraryRow> shown_;
-    std::string searchText_;
+    // The texts of the searches under way, lowered; a row is shown when it has every one.
+    std::vector<std::string> searchTexts_;
     int sortColumn_ = kColumnDateSaved;
     bool sortAscending_ = true;
 };

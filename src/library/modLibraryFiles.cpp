@@ -1,5 +1,6 @@
 #include "library/modLibraryFiles.h"
 
+#include "files/FileAccess.h"
 #include "support/modNVSystemUtilities.h"
 
 #include <array>
@@ -7,6 +8,7 @@
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <unistd.h>
 
 namespace corvane {
 
@@ -29,11 +31,36 @@ void RemoveCopy(const fs::path& target) {
 
 bool CopyFileKeepingDate(const std::string& source, const std::string& target) {
     std::error_code ec;
-    if (!fs::copy_file(source, target, fs::copy_options::none, ec) || ec)
+    if (fs::exists(target, ec) || ec)
+        return false;
+    std::string bytes;
+    if (!ReadFileBytes(source, bytes))
+        return false;
+    // Named after this process, so that two stations copying the same file into a shared
+    // folder never take each other's staged copy; it does not end in ".cvpj", so no list shows it.
+    const fs::path staged = target + ".~" + std::to_string(::getpid()) + ".copy";
+    if (!WriteFileAtomically(staged, bytes))
         return false;
     const auto modified = fs::last_write_time(source, ec);
     if (!ec)
-        fs::last_write_time(target, modified, ec); // a lost date is no reason to fail the copy
+        fs::last_write_time(staged, modified, ec); // a lost date is no reason to fail the copy
+    // A link never replaces an existing name. A file system without links falls back on a
+    // rename, with the name checked just before.
+    std::error_code linkError;
+    fs::create_hard_link(staged, target, linkError);
+    if (!linkError) {
+        RemoveCopy(staged);
+        return true;
+    }
+    if (fs::exists(target, ec) || ec) {
+        RemoveCopy(staged); // another station took the name meanwhile: theirs stays
+        return false;
+    }
+    fs::rename(staged, target, ec);
+    if (ec) {
+        RemoveCopy(staged);
+        return false;
+    }
     return true;
 }
 
@@ -74,41 +101,73 @@ bool SameFileContent(const std::string& first, const std::string& second) {
     }
 }
 
-bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFolder) {
+ProjectCopy CopyProjectFile(const std::string& sourcePath, const std::string& targetFolder) {
     try {
         std::error_code ec;
         if (sourcePath.empty() || targetFolder.empty() || !fs::is_regular_file(sourcePath, ec))
-            return false;
+            return ProjectCopy::Failed;
         const fs::path target = AddFolderSeparator(targetFolder) + FileNameOf(sourcePath);
         const bool targetExists = fs::exists(target, ec);
         if (ec)
-            return false;
+            return ProjectCopy::Failed;
         if (targetExists) {
-            // Never overwrite: only a true copy of the original (a move cut short after the
-            // copy) lets the move finish.
-            if (fs::equivalent(sourcePath, target, ec) || ec || !SameFileContent(sourcePath, target.string()))
-                return false;
-            return fs::remove(sourcePath, ec) && !ec;
+            if (fs::equivalent(sourcePath, target, ec) && !ec)
+                return ProjectCopy::SameFileThere;
+            return SameFileContent(sourcePath, target.string()) ? ProjectCopy::SameFileThere
+                                                                : ProjectCopy::NameTaken;
         }
 
+        const FileCopier& copier = InstalledCopier();
         bool copied = false;
         try {
-            const FileCopier& copier = InstalledCopier();
             copied = copier ? copier(sourcePath, target.string())
                             : CopyFileKeepingDate(sourcePath, target.string());
         } catch (...) {
             copied = false;
         }
-        if (!copied || !SameFileContent(sourcePath, target.string())) {
-            RemoveCopy(target);
-            return false;
+        // The station's copier leaves nothing when it fails, and a file another station put
+        // under the name meanwhile is theirs; what another copier left half-written goes.
+        if (!copied) {
+            if (copier)
+                RemoveCopy(target);
+            return ProjectCopy::Failed;
         }
-        if (!fs::remove(sourcePath, ec) || ec) {
-            // The original stays where it was; so must the folders' content.
+        if (!SameFileContent(sourcePath, target.string())) {
             RemoveCopy(target);
-            return false;
+            return ProjectCopy::Failed;
         }
-        return true;
+        return ProjectCopy::Copied;
+    } catch (...) {
+        return ProjectCopy::Failed;
+    }
+}
+
+bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFolder) {
+    try {
+        std::error_code ec;
+        if (sourcePath.empty() || targetFolder.empty())
+            return false;
+        // A move onto itself would delete the only file.
+        const fs::path target = AddFolderSeparator(targetFolder) + FileNameOf(sourcePath);
+        if (fs::equivalent(sourcePath, target, ec) && !ec)
+            return false;
+        switch (CopyProjectFile(sourcePath, targetFolder)) {
+        case ProjectCopy::Copied:
+            if (!fs::remove(sourcePath, ec) || ec) {
+                // The original stays where it was; so must the folders' content.
+                RemoveCopy(target);
+                return false;
+            }
+            return true;
+        case ProjectCopy::SameFileThere:
+            // Only a true copy of the original (a move cut short after the copy) lets the move
+            // finish.
+            return fs::remove(sourcePath, ec) && !ec;
+        case ProjectCopy::NameTaken:
+        case ProjectCopy::Failed:
+            break;
+        }
+        return false;
     } catch (...) {
         return false;
     }

@@ -17,7 +17,9 @@ namespace corvane {
 using FileCopier = std::function<bool(const std::string& source, const std::string& target)>;
 
 // The station's copier: the file's bytes and its modification time (the library falls back on
-// that time for files without a stamp). Never overwrites an existing file.
+// that time for files without a stamp). The copy appears under the target's name whole or not
+// at all, and never over an existing file: it is written beside the target under a name of its
+// own and then linked into place, which fails when the target exists.
 bool CopyFileKeepingDate(const std::string& source, const std::string& target);
 
 // Installs the copier that moves use (an empty one puts the station's back) and returns the one
@@ -26,6 +28,19 @@ FileCopier SetFileCopier(FileCopier copier);
 
 // True when both are readable plain files of the same size and the same bytes.
 bool SameFileContent(const std::string& first, const std::string& second);
+
+// What copying a project file into a folder found.
+enum class ProjectCopy {
+    Copied,        // a new file, byte for byte the original
+    SameFileThere, // the folder already held the same bytes under that name (or the file itself)
+    NameTaken,     // the folder holds a different file of that name, which was left alone
+    Failed,        // no copy; the folder is as it was
+};
+
+// Copies the file into the folder under its own name with the installed copier, and checks the
+// copy byte for byte. A file of that name already in the folder is never overwritten. The
+// original is only read.
+ProjectCopy CopyProjectFile(const std::string& sourcePath, const std::string& targetFolder);
 
 // Moves the file into the folder under its own name. A file of that name already in the folder
 // is never overwritten: when it holds the same bytes (a move that stopped before deleting) the

@@ -7,7 +7,21 @@
 #include "support/Services.h"
 #include "support/modNVSystemUtilities.h"
 
+#include <filesystem>
+
 namespace corvane {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+bool InFolder(const std::string& path, const std::string& folder) {
+    std::error_code ec;
+    const fs::path parent = fs::absolute(path, ec).parent_path();
+    return !ec && fs::equivalent(parent, folder, ec) && !ec;
+}
+
+} // namespace
 
 bool ProjectLibraryFound() {
     if (EnsureFolder(gRootDirectory, false))
@@ -71,6 +85,49 @@ int OpenLibraryProject(const std::string& path, const std::string& projectID, bo
         RemoveLockFile(path);
     }
     return 1;
+}
+
+NamedFileOpen OpenNamedProjectFile(const std::string& path) {
+    NamedFileOpen result;
+    if (path.empty() || !ProjectLibraryFound())
+        return result;
+    std::error_code ec;
+    std::string user, computer;
+    // What cannot be copied is opened where it is: the library's own file, a file in use at
+    // another station, and a path that is no file (the read says so).
+    if (InFolder(path, gRootDirectory) || IsFileLocked(path, user, computer) ||
+        !fs::is_regular_file(path, ec)) {
+        result.opened = OpenProjectFile(path);
+        result.openedPath = result.opened == 1 ? path : std::string();
+        return result;
+    }
+
+    const std::string name = FileNameOf(path);
+    const std::string target = AddFolderSeparator(gRootDirectory) + name;
+    const ProjectCopy copy = CopyProjectFile(path, gRootDirectory);
+    if (copy == ProjectCopy::NameTaken || copy == ProjectCopy::Failed) {
+        Prompts().MessageBox(
+            copy == ProjectCopy::NameTaken
+                ? "\"" + name +
+                      "\" was not opened: the Project Library already holds a different project file "
+                      "named \"" +
+                      name + "\", and it is never overwritten. Rename the file to open it."
+                : "\"" + name + "\" was not opened: it could not be copied into the Project Library \"" +
+                      gRootDirectory + "\". The file has not been modified.",
+            MsgBox::Exclamation, "File Copy");
+        return result;
+    }
+    result.copied = copy == ProjectCopy::Copied;
+    result.opened = OpenProjectFile(target);
+    if (result.opened != 1) {
+        // A file the program cannot read does not stay in the library it just came into.
+        if (result.copied)
+            fs::remove(target, ec);
+        result.copied = false;
+        return result;
+    }
+    result.openedPath = target;
+    return result;
 }
 
 } // namespace corvane

@@ -2,6 +2,7 @@
 
 #include "files/modProjectFile.h"
 #include "files/modTesselbyFile.h"
+#include "library/modLibraryOpen.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "shell/ProjectPageController.h"
@@ -13,6 +14,7 @@
 #include "support/modNVSystemUtilities.h"
 
 #include <QApplication>
+#include <QStatusBar>
 
 namespace corvane {
 namespace {
@@ -97,6 +99,22 @@ void FileCommands::ShowLibraryDialog(bool archive) {
     // A file that cannot be read leaves a new project behind while the dialog stays open.
     QObject::connect(&dialog, &frmLibProject::newProjectStarted, &dialog, [this] { ShowNewProject(); });
     dialog.exec();
+}
+
+void FileCommands::OpenNamedFile(const std::string& path) {
+    window_.ctlProjButton_Click();
+    SetWaitCursor(true);
+    const NamedFileOpen result = OpenNamedProjectFile(path);
+    ShowNewProject();
+    SetWaitCursor(false);
+    if (result.copied) {
+        // Saves go to the copy, never to the original: the technician must know which is which.
+        window_.statusBar()->showMessage(
+            QString::fromStdString("\"" + path + "\" was copied into the Project Library as \"" +
+                                   result.openedPath + "\"; changes are saved there."));
+    } else {
+        window_.statusBar()->clearMessage();
+    }
 }
 
 int FileCommands::mnuFileSave_Click() {

@@ -4,6 +4,7 @@
 #include "shell/clsFileDialog.h"
 
 #include <functional>
+#include <string>
 #include <vector>
 
 namespace corvane {
@@ -45,6 +46,11 @@ public:
     // The dialog that asks Save as for a new Project ID and stores it in the project.
     using ProjectIDDialog = std::function<void()>;
     void SetProjectIDDialog(ProjectIDDialog dialog) { projectIDDialog_ = std::move(dialog); }
+
+    // Opens a project file named outside the library dialog, as on the command line: a file
+    // from elsewhere is copied into the Project Library first, and the status bar says where
+    // it went (the rule is OpenNamedProjectFile's).
+    void OpenNamedFile(const std::string& path);
 
     // After the project was replaced (also from outside the window, as at start-up): the
     // Project page, refreshed, the title and the blade buttons.

@@ -54,9 +54,11 @@ frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
     setObjectName(QStringLiteral("frmCorvane"));
     ErrorTail tail("loading main interface");
     tail.Step([this] { PlaceWindow(); });
-    gShowEmailOption = true;
+    // The error dialog takes its small form until the program can send e-mail: an e-mail part
+    // whose button can never be pressed only misleads. Its settings are read here then too.
+    gShowEmailOption = false;
     gShowAbortOption = true;
-    // The e-mail settings are read here once the e-mail client is part of the program.
+    previousShutdownSteps_ = SetShutdownSteps([this] { RunShutdownSteps(false); });
 
     tail.Step([this] {
         auto* central = new QWidget(this);
@@ -116,6 +118,7 @@ frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
 }
 
 frmCorvane::~frmCorvane() {
+    SetShutdownSteps(std::move(previousShutdownSteps_));
     // The child widgets outlive the controllers by a moment; nothing they signal on their way
     // out may reach the window. The menus hold references into the command objects.
     if (projectPage_) {
@@ -350,15 +353,23 @@ void frmCorvane::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    RemoveLockFile(CurrentProjectPath());
-    if (tmrAcquire_ != nullptr) {
-        tmrAcquire_->stop();
-    }
-    Events().DoEvents();
-    AcquireShutdown();
-    Events().DoEvents();
+    RunShutdownSteps(true);
     SavePlacement();
     event->accept();
+}
+
+void frmCorvane::RunShutdownSteps(bool letEventsRun) {
+    RemoveLockFile(CurrentProjectPath());
+    for (QTimer* timer : findChildren<QTimer*>()) {
+        timer->stop();
+    }
+    if (letEventsRun) {
+        Events().DoEvents();
+    }
+    AcquireShutdown();
+    if (letEventsRun) {
+        Events().DoEvents();
+    }
 }
 
 } // namespace corvane

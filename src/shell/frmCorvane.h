@@ -3,6 +3,7 @@
 #include <QMainWindow>
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -82,6 +83,12 @@ public:
     void AcquireStopRecord();
     void AcquireShutdown();
 
+    // The steps of the program's end that ask nothing, in their order: the open project's lock
+    // goes, the timers stop, the acquisition shuts down. Closing the window runs them after its
+    // questions, letting events run between them; an Abort in the critical error dialog runs
+    // them without (the window installs them for that while it lives).
+    void RunShutdownSteps(bool letEventsRun);
+
     int ActivePage() const { return activePage_; }
     int BladeViewMode() const { return bladeViewMode_; }
     void SetBladeViewMode(int mode) { bladeViewMode_ = mode; }
@@ -140,6 +147,8 @@ private:
     std::unique_ptr<ScanCommands> scans_;
     std::unique_ptr<ToolsCommands> tools_;
     std::unique_ptr<MenuController> menus_;
+    // The shut-down steps that were installed before this window's own.
+    std::function<void()> previousShutdownSteps_;
 };
 
 } // namespace corvane

@@ -25,6 +25,11 @@ namespace {
 const std::string kCrLf = "\r\n";
 bool gCriticalErrorShowing = false;
 
+ShutdownSteps& InstalledShutdownSteps() {
+    static ShutdownSteps steps;
+    return steps;
+}
+
 enum class Action { Dialog, Silent, FileInUse, DiskNotReady, Database, Printer };
 
 bool In(int n, std::initializer_list<int> list) {
@@ -249,7 +254,23 @@ int ShowCriticalError(const std::string& text, bool showEmail, bool showAbort) {
     return answer;
 }
 
+ShutdownSteps SetShutdownSteps(ShutdownSteps steps) {
+    ShutdownSteps previous = std::move(InstalledShutdownSteps());
+    InstalledShutdownSteps() = std::move(steps);
+    return previous;
+}
+
 void CloseAllForms() {
+    // Taken out first: an error inside the steps must not run them again.
+    const ShutdownSteps steps = std::move(InstalledShutdownSteps());
+    InstalledShutdownSteps() = nullptr;
+    if (steps) {
+        try {
+            steps();
+        } catch (...) {
+            // The program ends all the same.
+        }
+    }
     Events().CloseAllFormsAndEnd();
 }
 

@@ -6,6 +6,7 @@
 // next (or fails a procedure that returns a status), 3 Abort has already ended the program.
 
 #include <exception>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -49,7 +50,15 @@ std::string GetErrorLogPath();
 int ShowCriticalError(const std::string& text, bool showEmail, bool showAbort);
 // True while the critical error dialog is open: a second error returns Ignore at once.
 bool CriticalErrorShowing();
+// Runs the shut-down steps installed, then closes every window and ends the program.
 void CloseAllForms();
+
+// What the program does on its way out after Abort, before the windows close: the main window
+// installs its own shut-down steps (the open project's lock goes, the timers and the
+// acquisition stop) for as long as it lives, so that the core never calls into the window.
+// The steps ask nothing and save nothing. Gives back the steps installed before.
+using ShutdownSteps = std::function<void()>;
+ShutdownSteps SetShutdownSteps(ShutdownSteps steps);
 
 // Clears the module state (the one-time log message flag); tests call it between cases.
 void ResetErrorHandlerState();

@@ -103,32 +103,37 @@ TEST_F(ProjectLibraryTest, SortsByValueInBothDirections) {
     EXPECT_EQ(Column(list, kColumnCustomer), (Ids{"Coastal Lines", "Harbour Ferries", "North Tug Co"}));
 }
 
-TEST_F(ProjectLibraryTest, SearchKeepsTheRowsWithTheTextInAShownColumn) {
+TEST_F(ProjectLibraryTest, EachSearchNarrowsTheRowsTheLastOneKept) {
     WriteThreeProjects();
     clsProjectLibrary list;
     list.Load();
 
-    EXPECT_EQ(list.Search("TUG"), 1); // customer, any case
+    // Each text against the rows left by the ones before it, with the rows it leaves.
+    const struct {
+        std::string text;
+        int found;
+        Ids shown;
+    } steps[] = {
+        {"2026-", 2, {"alpha-02", "Charlie-9"}}, // the date as shown
+        {"TUG", 0, {"alpha-02", "Charlie-9"}},   // only Bravo has it, and Bravo is gone
+        {"[FT]", 1, {"alpha-02"}},               // the Propeller column, any case
+        {"lines", 0, {"alpha-02"}},              // Charlie is gone too
+        {"library", 0, {"alpha-02"}},            // the hidden path is not searched
+    };
+    for (const auto& step : steps) {
+        EXPECT_EQ(list.Search(step.text), step.found) << step.text;
+        EXPECT_EQ(Column(list, kColumnProjectID), step.shown) << step.text;
+    }
     EXPECT_TRUE(list.Searching());
-    EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"Bravo-17"}));
-
-    EXPECT_EQ(list.Search("[ft]"), 1); // the Propeller column
-    EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"alpha-02"}));
-
-    EXPECT_EQ(list.Search("2026-"), 2); // the date as shown
-    EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"alpha-02", "Charlie-9"}));
-
-    // No hit, and the hidden path is not searched: the list stays as it was.
-    EXPECT_EQ(list.Search("library"), 0);
-    EXPECT_EQ(list.Search("zzz"), 0);
-    EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"alpha-02", "Charlie-9"}));
 
     // Sorting keeps the search; clearing it shows all rows in the present order.
     list.Sort(kColumnProjectID, false);
-    EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"Charlie-9", "alpha-02"}));
+    EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"alpha-02"}));
     list.ClearSearch();
     EXPECT_FALSE(list.Searching());
     EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"Charlie-9", "Bravo-17", "alpha-02"}));
+    EXPECT_EQ(list.Search("TUG"), 1); // a fresh search after the clearing looks at every row
+    EXPECT_EQ(Column(list, kColumnProjectID), (Ids{"Bravo-17"}));
     EXPECT_TRUE(prompts.History().empty());
 }
 

@@ -2,8 +2,11 @@
 
 #include "files/modLockFile.h"
 #include "files/modProjectFile.h"
+#include "library/LibraryTestProjects.h"
 #include "shell/FileCommands.h"
 #include "support/Services.h"
+
+#include <QStatusBar>
 
 #include <filesystem>
 #include <fstream>
@@ -134,6 +137,32 @@ TEST_F(FileCommandsTest, OpenGoesThroughTheLibraryAndTellsAMissingFolder) {
                    "settings.");
     window->mnuFileViewArchive_Click();
     EXPECT_EQ(libraryShown.size(), 2u);
+}
+
+// A file opened from elsewhere (the command line) is copied into the library, and its lock,
+// saves and closing all concern the copy: the original is never written nor left locked.
+TEST_F(FileCommandsTest, AFileFromElsewhereIsSavedAndFreedInTheLibrary) {
+    const std::string sample = WriteSample("job.cvpj", "Harbour Ferries");
+    const std::string original = test::FileBytes(sample);
+    window->Files().OpenNamedFile(sample);
+    EXPECT_EQ(gProject->Customer(), "Harbour Ferries");
+    EXPECT_EQ(gProjectFileName, "job.cvpj");
+    EXPECT_EQ(window->statusBar()->currentMessage().toStdString(),
+              "\"" + sample + "\" was copied into the Project Library as \"" + InLibrary("job.cvpj") +
+                  "\"; changes are saved there.");
+    EXPECT_TRUE(fs::exists(LockFilePath(InLibrary("job.cvpj"))));
+    EXPECT_FALSE(fs::exists(LockFilePath(sample)));
+
+    gProject->SetMarkedPitch("61");
+    gProjectDirty = true;
+    EXPECT_EQ(window->mnuFileSave_Click(), 1);
+    prompts.Expect(Answer::OK, "OK to close Corvane?");
+    EXPECT_TRUE(window->close());
+    EXPECT_FALSE(fs::exists(LockFilePath(InLibrary("job.cvpj"))));
+    EXPECT_EQ(test::FileBytes(sample), original);
+    ASSERT_EQ(CreateNewProject(), 1);
+    ASSERT_EQ(ReadProjectFile(InLibrary("job.cvpj"), true), 1);
+    EXPECT_EQ(gProject->MarkedPitch(), "61");
 }
 
 TEST_F(FileCommandsTest, ImportOffersTheTypesOfTheStationAndReadsAProjectFile) {

@@ -10,14 +10,17 @@
 #include "shell/ProjectPageController.h"
 #include "shell/Twips.h"
 #include "shell/ctlTextField.h"
+#include "support/ErrorTail.h"
 #include "support/Services.h"
 
 #include <QCloseEvent>
 #include <QLineEdit>
 #include <QStackedWidget>
 #include <QTest>
+#include <QTimer>
 
 #include <filesystem>
+#include <stdexcept>
 
 namespace corvane {
 namespace {
@@ -290,6 +293,29 @@ TEST_F(MainWindowTest, ClosingAsksToSaveThenConfirmsRemovesTheLockAndRemembersTh
     EXPECT_FALSE(placement.value(QStringLiteral("Window/Geometry")).toByteArray().isEmpty());
     frmCorvane again;
     EXPECT_EQ(again.pos(), window->pos());
+}
+
+// Abort in the critical error dialog ends the program without the closing's questions and
+// without a save, but the open project is freed and the acquisition stopped on the way out. The
+// dialog has its small form: no e-mail part whose button could never be pressed.
+TEST_F(MainWindowTest, AbortInTheErrorDialogFreesTheProjectWithoutAsking) {
+    FillRequiredFields();
+    gProjectFileName = "TUG-0417_20261122_090507.cvpj";
+    ASSERT_EQ(WriteLockFile(InLibrary(gProjectFileName)), 1);
+    gProjectDirty = true;
+    window->tmrAcquire()->start();
+
+    prompts.Expect(Answer::Abort); // OK with "Abort and close application" ticked
+    ErrorTail tail("drawing the check graphs");
+    EXPECT_FALSE(tail.Step([] { throw std::out_of_range("blade 9"); }));
+    EXPECT_TRUE(tail.Aborted());
+    EXPECT_EQ(events.endRequests, 1);
+    ASSERT_EQ(prompts.History().size(), 1u);
+    EXPECT_EQ(prompts.History()[0].kind, ScriptedPrompts::Kind::CriticalError);
+    EXPECT_EQ(prompts.History()[0].style, 2); // abort shown, e-mail not
+    EXPECT_FALSE(fs::exists(LockFilePath(InLibrary(gProjectFileName))));
+    EXPECT_FALSE(fs::exists(InLibrary(gProjectFileName)));
+    EXPECT_FALSE(window->tmrAcquire()->isActive());
 }
 
 } // namespace
