@@ -46,6 +46,13 @@ TEST_F(CliCommandsTest, DemoIsTheSameBytesEveryTimeAndInfoDescribesIt) {
         EXPECT_NE(json.out.find(expected), std::string::npos) << expected;
 }
 
+TEST_F(CliCommandsTest, InfoTakesTheHeaderOfAnOlderScanFileFromItsOtherBlocks) {
+    const CliRun run = Cli({"info", std::string(CORVANE_SOURCE_DIR) + "/data/legacy/schema0.tbsc"});
+    ASSERT_EQ(run.code, 0) << run.err;
+    EXPECT_NE(run.out.find("Customer:       Harbour"), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("BladeCount:     3"), std::string::npos) << run.out;
+}
+
 TEST_F(CliCommandsTest, InfoCollectsTheReadersNotice) {
     const std::string path = temp.File("demo.cvpj");
     ASSERT_EQ(Cli({"demo", path, "--points", "3"}).code, 0);
@@ -70,6 +77,9 @@ TEST_F(CliCommandsTest, UnreadableFilesGiveOneLineAndExitTwo) {
             EXPECT_EQ(CountLines(run.err), 1) << run.err;
             EXPECT_EQ(run.err.rfind("corvane-cli " + command + ": cannot read " + path + ": ", 0), 0u)
                 << run.err;
+            if (path == garbage) {
+                EXPECT_NE(run.err.find(": not a Corvane project file\n"), std::string::npos) << run.err;
+            }
             EXPECT_TRUE(run.out.empty());
         }
     }

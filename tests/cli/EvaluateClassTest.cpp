@@ -1,10 +1,19 @@
 #include "CliTestProjects.h"
 #include "common/ServicesFixture.h"
+#include "iso484/clsISO484.h"
+#include "iso484/modISO484.h"
+#include "model/Globals.h"
+#include "model/clsCorvane.h"
+#include "model/clsPropeller.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <vector>
 
 namespace corvane::cli {
 namespace {
@@ -124,6 +133,65 @@ TEST_F(EvaluateClassTest, ExportedPPPServesAsReference) {
     WriteProject(coarse, {Ideal(37.0)});
     const JsonValue off = Json(Cli({"evaluate", coarse, "--json", "--reference", ppp, "--class", "S"}));
     ExpectVerdict(off, 2, "Fails to meet Class S.");
+}
+
+TEST_F(EvaluateClassTest, ProjectsAreTakenAsTheWindowTakesThem) {
+    // Pitch rising from 30 in at the hub to 37 in at the tip, the inner section at 25 % of R.
+    clsVirtualPropeller rising = Ideal(36.0);
+    rising.Pitch = {{0.25, 30.0}, {0.95, 37.0}};
+    const auto innerRadius = [&rising] {
+        gISO484->SetISOIncludeInnerRadiusIndex(1);
+        gISO484->SetISOInnerRadius(25.0);
+        ApplyInnerRadiusRow(*gISO484);
+        rising.FillScan(*gProject->PropellerScan(0),
+                        std::vector<double>(gRadialPositions.begin(), gRadialPositions.end()), 40);
+    };
+    // As saved before the first check: the scan has no diameter yet.
+    const auto unchecked = [] { gProject->PropellerScan(0)->SetDiameter(0.0); };
+    const std::string ppp = temp.File("ideal.ppp");
+    ASSERT_EQ(Cli({"export-ppp", ideal, ppp}).code, 0);
+
+    struct Case {
+        const char* name;
+        clsVirtualPropeller prop;
+        std::function<void()> edit;
+        std::vector<std::string> options;
+    };
+    const Case cases[] = {
+        {"file reference for a scan never checked", Ideal(36.0), unchecked, {"--reference", ppp}},
+        {"variable pitch down to the inner radius",
+         rising,
+         innerRadius,
+         {"--variable-pitch", "0.25:30,0.95:37"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string path = temp.File("case.cvpj");
+        WriteProject(path, {c.prop}, {}, c.edit);
+        std::vector<std::string> args = {"evaluate", path, "--json", "--class", "S"};
+        args.insert(args.end(), c.options.begin(), c.options.end());
+        const JsonValue json = Json(Cli(args));
+        ExpectVerdict(json, 1, "MEETS OR EXCEEDS CLASS S.");
+        for (const JsonValue& blade : json["Blades"].items) {
+            EXPECT_TRUE(blade["Sections"][7]["NoseTailPitch"]["Pass"].flag);
+        }
+    }
+}
+
+TEST_F(EvaluateClassTest, TheFailedColumnListsWhatTheVerdictCounts) {
+    // Class 3 judges no local pitch, and of ISO 484-2 only the 0.9, 0.7 and 0.5 sections.
+    const CliRun run = Cli({"evaluate", ideal, "--constant-pitch", "36.4", "--class", "3"});
+    ASSERT_EQ(run.code, 0) << run.err;
+    EXPECT_NE(run.out.find("Class status:          PASS"), std::string::npos) << run.out;
+    std::istringstream lines(run.out);
+    int rows = 0;
+    for (std::string line; std::getline(lines, line);) {
+        if (line.rfind("  0.", 0) == 0) {
+            ++rows;
+            EXPECT_EQ(line.back(), '-') << line;
+        }
+    }
+    EXPECT_EQ(rows, 32);
 }
 
 TEST_F(EvaluateClassTest, BadReferencesAndExportsExitTwo) {
