@@ -45,7 +45,7 @@ void CheckScan(benchmark::State& state) {
         state.PauseTiming();
         gProject->SetPropellerScan(0, original->CopyClass());
         state.ResumeTiming();
-        if (CheckScanData(0) != 1 ||
+        if (CheckScanData(*gProject, 0) != 1 ||
             CalculatePropellerProperties(*gProject->PropellerScan(0), false, true) != 1) {
             state.SkipWithError("the scan did not calculate");
             break;

@@ -27,6 +27,8 @@
 #include "BenchProject.h"
 
 #include "acquisition/clsVirtualPropeller.h"
+#include "check/CalculationChain.h"
+#include "check/modISO484BestClass.h"
 #include "geometry/modCheckScanData.h"
 #include "geometry/modPropellerProperties.h"
 #include "iso484/clsISO484.h"
@@ -35,7 +37,6 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsUnits.h"
-#include "reference/CalculationChain.h"
 
 #include <cstdint>
 #include <memory>
@@ -50,8 +51,6 @@ bool MakeProject(int blades, int points) {
     const clsVirtualPropeller prop = bench::BenchPropeller(blades);
     bench::StartBenchProject(prop, points);
     gProject->SetMarkedPitch("2300");
-    gShowBladeFlags.fill(true);
-    gShowRadiusFlags.fill(true);
 
     gProject->SetReferenceSourceIndex(1);
     gProject->SetReferenceSectionPitchIndex(1);
@@ -65,8 +64,9 @@ bool MakeProject(int blades, int points) {
     for (int b = 0; b < blades; ++b) {
         gProject->SetReferenceScanBladesEnabled(b, 1);
     }
-    InstallCalculationSteps();
-    return CheckScanData(0) == 1 && RunISOEvaluationChain() == 1 && gProject->ReferenceSourceIndex() == 1;
+    std::int16_t verdict = 0;
+    return CheckScanData(*gProject, 0) == 1 && RunISOEvaluationChain(*gProject, *gISO484, verdict) == 1 &&
+           gProject->ReferenceSourceIndex() == 1;
 }
 
 void BestISOClass(benchmark::State& state) {
@@ -79,7 +79,8 @@ void BestISOClass(benchmark::State& state) {
     ISOClassCodes codes;
     std::int16_t propellerCode = 0;
     for (auto _ : state) {
-        const std::int16_t verdict = GetBestISOClass(0, ISOBelowSizeLimit(*gProject), codes, propellerCode);
+        const std::int16_t verdict = GetBestISOClass(*gProject, *gISO484, 0, ISOSelection{},
+                                                     ISOBelowSizeLimit(*gProject), codes, propellerCode);
         if (verdict != 1 || gProject->ReferenceSourceIndex() != 1) {
             state.SkipWithError("the clean scan did not meet its class against the reference");
             break;

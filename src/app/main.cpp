@@ -6,7 +6,6 @@
 #include "files/modSettings.h"
 #include "model/Globals.h"
 #include "platform/QtServices.h"
-#include "reference/CalculationChain.h"
 #include "shell/FileCommands.h"
 #include "shell/frmCorvane.h"
 #include "support/ProcessMemory.h"
@@ -62,8 +61,6 @@ int main(int argc, char** argv) {
     parser.process(app);
 
     corvane::QtServices services;
-    // Before any project is read: a project whose reference is a ppp file re-reads it on open.
-    corvane::InstallCalculationSteps();
     corvane::gOfficeMode = parser.isSet(office) ? 1 : 0;
 
     std::unique_ptr<corvane::frmCorvane> window;

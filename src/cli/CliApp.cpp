@@ -7,7 +7,6 @@
 #include "cli/InfoCommand.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
-#include "reference/CalculationChain.h"
 #include "support/MemorySettingsStore.h"
 
 #include <ostream>
@@ -48,8 +47,6 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         PrintUsage(err);
         return 1;
     }
-    // The geometry behind the ISO evaluation and the ppp files, wired once before any command.
-    InstallCalculationSteps();
     gAppTitle = "Corvane";
     gAppExeName = "corvane-cli";
     const std::string& command = args[0];

@@ -1,5 +1,6 @@
 #include "cli/EvaluateCommand.h"
 
+#include "check/CheckRun.h"
 #include "cli/EvaluateOptions.h"
 #include "cli/EvaluationSummary.h"
 #include "cli/ProjectLoader.h"
@@ -11,7 +12,7 @@
 #include "model/clsBlades.h"
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
-#include "reference/CalculationChain.h"
+#include "model/modReferenceSource.h"
 
 #include <ostream>
 
@@ -19,37 +20,6 @@ namespace corvane::cli {
 namespace {
 
 constexpr const char* kCommand = "evaluate";
-
-// The blades the user looks at are the enabled ones, as the main window sets them when its
-// Check page opens; the per-blade class search only looks at these.
-void ShowEnabledBlades(int scanIndex) {
-    const auto scan = gProject->PropellerScan(scanIndex);
-    for (std::size_t b = 0; b < gShowBladeFlags.size(); ++b)
-        gShowBladeFlags[b] =
-            static_cast<int>(b) < scan->BladeCount() && scan->Blades(static_cast<int>(b))->BladeEnabled();
-}
-
-// The ISO chain behind the Check page, then the best class and its sentence. false with a line
-// on err when the data could not be calculated.
-bool EvaluateISO(EvaluationSummary& summary, std::ostream& err) {
-    // Settings the Check page would refuse are dropped there too: the scan is shown alone.
-    if (!UsableReferenceSettings())
-        gProject->SetReferenceSourceIndex(0);
-    const std::int16_t requested = gProject->ReferenceSourceIndex();
-    if (RunISOEvaluationChain(summary.classStatus) != 1) {
-        err << "corvane-cli evaluate: the ISO 484 data could not be calculated\n";
-        return false;
-    }
-    if (requested != 0 && gProject->ReferenceSourceIndex() == 0)
-        err << "corvane-cli evaluate: the reference could not be calculated; the scan is evaluated without "
-               "it\n";
-    ShowEnabledBlades(summary.scanIndex);
-    summary.bestClass = GetBestISOClass(summary.scanIndex, ISOBelowSizeLimit(*gProject), summary.classCodes,
-                                        summary.propellerCode);
-    GetEvaluationSentence(summary.standardText, summary.sentence, summary.bestClass);
-    summary.isoEvaluated = true;
-    return true;
-}
 
 } // namespace
 
@@ -69,17 +39,31 @@ int RunEvaluate(const std::vector<std::string>& args, std::ostream& out, std::os
         gISO484->SetISOClassIndex(*options.classIndex);
     if (options.criteriaIndex)
         gISO484->SetISOCriteriaIndex(*options.criteriaIndex);
-    summary.scanLabel = ScanLetterLabel(gProject->PropellerScan(summary.scanIndex)->ScanID());
-
-    // A reference file is read against the calculated scan, as the window reads one only after
-    // CHECK: a scan saved before its first check has no diameter yet.
-    if (!CalculateScanGeometry(kCommand, summary.scanIndex, err))
-        return 2;
+    summary.scanLabel = ScanLabel(gProject->PropellerScan(summary.scanIndex)->ScanID());
     if (!ApplyReferenceOptions(options, err))
         return 2;
-    ShowEnabledBlades(summary.scanIndex);
-    if (!EvaluateISO(summary, err))
+
+    const std::int16_t requested = gProject->ReferenceSourceIndex();
+    CheckRequest request;
+    request.scanIndex = summary.scanIndex;
+    const CheckOutcome outcome = RunCheck(*gProject, *gISO484, request);
+    if (!CheckPassed(kCommand, outcome, err))
         return 2;
+    if (requested != kReferenceNone && gProject->ReferenceSourceIndex() == kReferenceNone)
+        err << "corvane-cli evaluate: the reference could not be calculated; the scan is evaluated without "
+               "it\n";
+
+    // The blades the user looks at are the enabled ones, as the main window shows them after CHECK.
+    ISOSelection selection;
+    selection.blades = EnabledBlades(*gProject->PropellerScan(summary.scanIndex));
+    const BestClass best = FindBestClass(*gProject, *gISO484, selection);
+    summary.classStatus = outcome.verdict;
+    summary.bestClass = best.code;
+    summary.classCodes = best.codes;
+    summary.propellerCode = best.propellerCode;
+    summary.standardText = best.standardText;
+    summary.sentence = best.sentence;
+    summary.isoEvaluated = true;
     if (options.json)
         WriteEvaluationJson(out, summary);
     else

@@ -170,14 +170,6 @@ void WriteVerdicts(JsonWriter& json, const EvaluationSummary& summary) {
 
 } // namespace
 
-std::string ScanLetterLabel(int scanID) {
-    if (scanID >= 0 && scanID < 26)
-        return std::string(1, static_cast<char>('A' + scanID));
-    if (scanID >= 26 && scanID <= 701)
-        return {static_cast<char>('A' + scanID / 26 - 1), static_cast<char>('A' + scanID % 26)};
-    return std::to_string(scanID);
-}
-
 std::string StatusWord(int code) {
     if (code < 0 || code >= static_cast<int>(kISOStatusWords.size()))
         return {};

@@ -26,7 +26,6 @@ struct EvaluationSummary {
 };
 
 // ScanID 0 to 25 "A" to "Z", up to 701 two letters ("AA" for 26), the number itself beyond.
-std::string ScanLetterLabel(int scanID);
 
 // The verdict word of a status code ("N/A", "PASS", "FAIL", ...); "" outside the table.
 std::string StatusWord(int code);

@@ -1,8 +1,8 @@
 #include "cli/ExportPPPCommand.h"
 
 #include "cli/ProjectLoader.h"
-#include "cli/ReferenceOptions.h"
 #include "cli/ScanPreparation.h"
+#include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "reference/modImportFile.h"
@@ -32,12 +32,10 @@ int RunExportPPP(const std::vector<std::string>& args, std::ostream& out, std::o
     }
     if (!LoadProject(kCommand, paths[0], err))
         return 2;
-    int scanIndex = 0;
-    if (!SelectScan(kCommand, std::nullopt, "", err, scanIndex) ||
-        !CalculateScanGeometry(kCommand, scanIndex, err))
+    CheckRequest request;
+    if (!SelectScan(kCommand, std::nullopt, "", err, request.scanIndex) ||
+        !CheckPassed(kCommand, RunCheck(*gProject, *gISO484, request), err))
         return 2;
-    if (!UsableReferenceSettings())
-        gProject->SetReferenceSourceIndex(0);
     if (ExportPPPFile(paths[1]) != 1) {
         err << "corvane-cli export-ppp: cannot write " << paths[1] << "\n";
         return 2;

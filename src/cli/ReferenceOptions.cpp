@@ -6,6 +6,7 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modReferenceSource.h"
 #include "model/modUtilities.h"
 #include "reference/modImportFile.h"
 #include "reference/modReferenceProperties.h"
@@ -18,9 +19,6 @@
 
 namespace corvane::cli {
 namespace {
-
-constexpr std::int16_t kSourceScan = 1;
-constexpr std::int16_t kSourceFile = 2;
 
 std::string Lower(std::string text) {
     for (char& c : text)
@@ -65,7 +63,7 @@ bool ReadReferenceFile(const std::string& path, std::ostream& err) {
     }
     gProject->SetReferenceSource(source);
     gProject->SetReferenceSourceFilePath(path);
-    gProject->SetReferenceSourceIndex(kSourceFile);
+    gProject->SetReferenceSourceIndex(kReferenceFile);
     return true;
 }
 
@@ -91,21 +89,6 @@ std::array<double, 8> PitchAtStandardRows(const std::vector<std::pair<double, do
     return pitch;
 }
 
-bool UsableReferenceSettings() {
-    const std::int16_t source = gProject->ReferenceSourceIndex();
-    if ((source == 2 || source == 3) && gProject->ReferenceSourceFilePath().empty())
-        return false;
-    if (source == kSourceScan) {
-        if (gProject->ReferenceSectionPitchIndex() == 0 && !(gProject->ReferenceConstantPitch() > 0))
-            return false;
-        if (gProject->ReferenceSectionPitchIndex() == 1)
-            for (int row = 0; row < gProject->ReferenceVariablePitchCount(); ++row)
-                if (gProject->ReferenceVariablePitch(row) < 0)
-                    return false;
-    }
-    return true;
-}
-
 bool ApplyReferenceOptions(const EvaluateOptions& options, std::ostream& err) {
     if (!options.referencePath.empty()) {
         if (!ReadReferenceFile(options.referencePath, err))
@@ -114,7 +97,7 @@ bool ApplyReferenceOptions(const EvaluateOptions& options, std::ostream& err) {
         return true;
     }
     if (options.constantPitch) {
-        gProject->SetReferenceSourceIndex(kSourceScan);
+        gProject->SetReferenceSourceIndex(kReferenceScan);
         gProject->SetReferenceSectionPitchSourceIndex(0);
         gProject->SetReferenceSectionPitchIndex(0);
         gProject->SetReferenceConstantPitch(*options.constantPitch);
@@ -123,7 +106,7 @@ bool ApplyReferenceOptions(const EvaluateOptions& options, std::ostream& err) {
         std::array<double, 8> rows{};
         std::copy(gRadialPositions.begin(), gRadialPositions.end(), rows.begin());
         const std::array<double, 8> pitch = PitchAtStandardRows(options.variablePitch, rows);
-        gProject->SetReferenceSourceIndex(kSourceScan);
+        gProject->SetReferenceSourceIndex(kReferenceScan);
         gProject->SetReferenceSectionPitchSourceIndex(0);
         gProject->SetReferenceSectionPitchIndex(1);
         gProject->SetReferenceVariablePitchCount(static_cast<std::int16_t>(rows.size()));

@@ -19,10 +19,6 @@ namespace corvane::cli {
 // prompts before.
 bool ApplyReferenceOptions(const EvaluateOptions& options, std::ostream& err);
 
-// The reference settings can be calculated at all: a file source has a file, a scan source a
-// constant pitch above 0 or no negative variable pitch. The Check page drops any other.
-bool UsableReferenceSettings();
-
 // The pitch at each row of the standard radial table from (r/R, pitch) points: straight lines
 // between the points in order of r/R, the end values beyond them. The project's table has one
 // row per section, and the nose-tail pitch of section k is taken against row k.

@@ -1,9 +1,5 @@
 #include "cli/ScanPreparation.h"
 
-#include "cli/EvaluationSummary.h"
-#include "geometry/modCheckScanData.h"
-#include "geometry/modISOPitch.h"
-#include "geometry/modPropellerProperties.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
@@ -18,6 +14,21 @@ std::string Upper(std::string text) {
     for (char& c : text)
         c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
     return text;
+}
+
+// The required project fields that hold no value, by their captions on the Project page.
+std::string MissingFields(const ProjectFieldCheck& fields) {
+    std::string list;
+    const auto add = [&list](bool holds, const char* name) {
+        if (!holds)
+            list += (list.empty() ? "" : ", ") + std::string(name);
+    };
+    add(fields.customer, "customer");
+    add(fields.projectID, "project ID");
+    add(fields.diameter, "diameter");
+    add(fields.pitch, "pitch");
+    add(fields.innerRadius, "inner radius (1 to 39 % of R)");
+    return list;
 }
 
 } // namespace
@@ -43,7 +54,7 @@ bool SelectScan(const std::string& command, std::optional<std::int16_t> rotation
         } else {
             scanIndex = -1;
             for (int i = 0; i < count && scanIndex < 0; ++i)
-                if (ScanLetterLabel(gProject->PropellerScan(i)->ScanID()) == Upper(scan))
+                if (ScanLabel(gProject->PropellerScan(i)->ScanID()) == Upper(scan))
                     scanIndex = i;
         }
     }
@@ -56,21 +67,20 @@ bool SelectScan(const std::string& command, std::optional<std::int16_t> rotation
     return true;
 }
 
-bool CalculateScanGeometry(const std::string& command, int scanIndex, std::ostream& err) {
+bool CheckPassed(const std::string& command, const CheckOutcome& outcome, std::ostream& err) {
     const std::string prefix = "corvane-cli " + command + ": ";
-    if (CheckScanData(scanIndex) != 1) {
+    switch (outcome.stop) {
+    case CheckStop::ProjectData:
+        err << prefix << "the project has no valid " << MissingFields(outcome.fields) << "\n";
+        return false;
+    case CheckStop::ScanData:
         err << prefix << "the scan cannot be used\n";
         return false;
-    }
-    // CheckScanData puts a new scan object in the slot: look it up again.
-    const auto scan = gProject->PropellerScan(scanIndex);
-    if (CalculatePropellerProperties(*scan, false, true) != 1) {
-        err << prefix << "the properties of the scan could not be calculated\n";
+    case CheckStop::Calculation:
+        err << prefix << "the ISO 484 data could not be calculated\n";
         return false;
-    }
-    if (CalcIntegratedPropellerPitch(*scan) != 1) {
-        err << prefix << "the mean pitch of the scan could not be calculated\n";
-        return false;
+    case CheckStop::None:
+        break;
     }
     return true;
 }

@@ -1,7 +1,8 @@
 #pragma once
 
-// The steps the command line shares with the CHECK button: choosing the scan and bringing its
-// geometry up to date, on gProject.
+// Choosing the scan a command works on, in gProject, and saying why a check stopped.
+
+#include "check/CheckRun.h"
 
 #include <cstdint>
 #include <iosfwd>
@@ -17,9 +18,7 @@ namespace corvane::cli {
 bool SelectScan(const std::string& command, std::optional<std::int16_t> rotationIndex,
                 const std::string& scan, std::ostream& err, int& scanIndex);
 
-// What CHECK runs first on the scan: CheckScanData (GL positions, sweep assignment and
-// alignment, backward points), then the properties of the scan and its integrated pitch. The
-// calculation's own messages have gone to the prompts by then; false with one more line on err.
-bool CalculateScanGeometry(const std::string& command, int scanIndex, std::ostream& err);
+// false with one line on err naming the gate a check stopped at.
+bool CheckPassed(const std::string& command, const CheckOutcome& outcome, std::ostream& err);
 
 } // namespace corvane::cli

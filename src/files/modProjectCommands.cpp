@@ -58,16 +58,14 @@ int WriteProjectUnderLock(ProjectCommandHost& host) {
 
 } // namespace
 
-ProjectFieldCheck CheckProjectFields() {
+ProjectFieldCheck CheckProjectFields(const clsCorvane& project, const clsISO484& iso) {
     ProjectFieldCheck check;
-    if (!gProject)
-        return ProjectFieldCheck{false, false, false, false, true};
-    check.customer = !Trimmed(gProject->Customer()).empty();
-    check.projectID = !Trimmed(gProject->ProjectID()).empty();
-    check.diameter = gProject->MarkedDiameter() > 0;
-    check.pitch = !gProject->MarkedPitch().empty();
-    if (gISO484 && gISO484->ISOIncludeInnerRadiusIndex() == 1)
-        check.innerRadius = gISO484->ISOInnerRadius() >= 1.0 && gISO484->ISOInnerRadius() < 40.0;
+    check.customer = !Trimmed(project.Customer()).empty();
+    check.projectID = !Trimmed(project.ProjectID()).empty();
+    check.diameter = project.MarkedDiameter() > 0;
+    check.pitch = !project.MarkedPitch().empty();
+    if (iso.ISOIncludeInnerRadiusIndex() == 1)
+        check.innerRadius = iso.ISOInnerRadius() >= 1.0 && iso.ISOInnerRadius() < 40.0;
     return check;
 }
 
@@ -165,7 +163,7 @@ int OpenProjectFile(const std::string& path) {
 int SaveProject(ProjectCommandHost& host) {
     if (!RootDirectoryDefined())
         return 0;
-    if (!CheckProjectFields().AllHold()) {
+    if (!gProject || !gISO484 || !CheckProjectFields(*gProject, *gISO484).AllHold()) {
         Prompts().MessageBox(
             "The project requires a valid Customer, Project ID, Diameter, and Pitch. Please review "
             "these fields before saving the file.",

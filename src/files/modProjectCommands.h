@@ -10,6 +10,9 @@
 
 namespace corvane {
 
+class clsCorvane;
+class clsISO484;
+
 // Which of the project's required fields hold. The page gates and the saves share it.
 struct ProjectFieldCheck {
     bool customer = true;    // Customer not empty
@@ -19,7 +22,7 @@ struct ProjectFieldCheck {
     bool innerRadius = true; // with the inner radius on: from 1 up to, not including, 40
     bool AllHold() const { return customer && projectID && diameter && pitch && innerRadius; }
 };
-ProjectFieldCheck CheckProjectFields();
+ProjectFieldCheck CheckProjectFields(const clsCorvane& project, const clsISO484& iso);
 
 class ProjectCommandHost {
 public:

@@ -1,6 +1,7 @@
 #include "files/modProjectFile.h"
 
 #include "files/clsFileINI.h"
+#include "files/modPPPFile.h"
 #include "files/modProjectBlockReader.h"
 #include "files/modProjectFileSupport.h"
 #include "files/modReferenceFile.h"
@@ -19,11 +20,6 @@ namespace corvane {
 using namespace projectfile;
 
 namespace {
-
-PPPReferenceReader& InstalledPPPReader() {
-    static PPPReferenceReader reader;
-    return reader;
-}
 
 const ScanBlockRules& RightScanRules() {
     static const ScanBlockRules rules{
@@ -176,12 +172,14 @@ void RefreshExternalReference(BlockReader& reader) {
     bool refreshed = false;
     if (!referencePath.empty() && std::filesystem::is_regular_file(referencePath, ec)) {
         const std::string extension = LowerExtension(referencePath);
-        const PPPReferenceReader& pppReader = InstalledPPPReader();
-        if (extension == "cvrf" || (extension == "ppp" && pppReader)) {
+        if (extension == "cvrf" || extension == "ppp") {
+            // A ppp file is taken only whole; its surfaces are built when the reference is.
             const std::shared_ptr<clsPropeller> copy = project.ReferenceSource()->CopyClass();
-            refreshed = extension == "cvrf" ? ReadReferenceBlocks(referencePath, *copy, reader.errorFlag,
-                                                                  reader.errorText, false) == 1
-                                            : pppReader(referencePath, *copy, project.BladeCount()) == 1;
+            refreshed =
+                extension == "cvrf"
+                    ? ReadReferenceBlocks(referencePath, *copy, reader.errorFlag, reader.errorText, false) ==
+                          1
+                    : ReadPPPFile(referencePath, *copy, project.BladeCount()).status == PPPReadStatus::Read;
             if (refreshed) {
                 project.SetReferenceSource(copy);
             }
@@ -292,12 +290,6 @@ bool HoldsProjectBlocks(const std::string& path) {
     } catch (...) {
         return false;
     }
-}
-
-PPPReferenceReader SetPPPReferenceReader(PPPReferenceReader reader) {
-    PPPReferenceReader previous = std::move(InstalledPPPReader());
-    InstalledPPPReader() = std::move(reader);
-    return previous;
 }
 
 } // namespace corvane

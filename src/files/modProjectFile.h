@@ -19,7 +19,6 @@
 #include "model/clsPropeller.h"
 
 #include <cstdint>
-#include <functional>
 #include <string>
 
 namespace corvane {
@@ -38,9 +37,9 @@ int WriteProjectFile(const std::string& path);
 // showNotice they are shown once at the end under "File read notice". 1 for a usable project
 // (with or without a notice), 0 when a needed block is missing or an error was ignored.
 //
-// A reference saved from a cvrf file that still exists is read again from that file, and one
-// from a ppp file through the installed PPP reader; when that cannot be done the embedded copy
-// serves and ReferenceSourceFilePath keeps only the file name.
+// A reference saved from a cvrf or ppp file that still exists is read again from that file; when
+// that cannot be done the embedded copy serves and ReferenceSourceFilePath keeps only the file
+// name.
 int ReadProjectFile(const std::string& path, bool showNotice);
 
 // The few values the project library lists, from the Project and PropellerInfo blocks of a
@@ -53,13 +52,5 @@ int ReadProjectHeader(const std::string& path, std::string& projectID, std::stri
 // True when the file holds a Project or a PropellerInfo block, as every project and sibling-format
 // file does: a file without either is no project file at all, not a damaged one.
 bool HoldsProjectBlocks(const std::string& path);
-
-// Reads a Michigan Wheel (ppp) reference into a propeller for a project of bladeCount blades:
-// 1 on success. The PPP import installs one; until then no ppp reference can be read again on
-// loading a project.
-using PPPReferenceReader =
-    std::function<int(const std::string& path, clsPropeller& propeller, std::int16_t bladeCount)>;
-// Installs the reader (an empty one removes it) and returns the one installed before.
-PPPReferenceReader SetPPPReferenceReader(PPPReferenceReader reader);
 
 } // namespace corvane

@@ -9,6 +9,7 @@
 #include "model/CorvaneError.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
+#include "model/modReferenceSource.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
 #include "support/Services.h"
@@ -170,18 +171,8 @@ bool WriteScanSets(BlockWriter& w, ErrorTail& tail) {
 // with no row below 0. Without it the project is saved, and from now on held, with no
 // reference.
 void CheckScanReference(clsCorvane& project) {
-    if (project.ReferenceSourceIndex() != 1) {
-        return;
-    }
-    bool unusable = false;
-    if (project.ReferenceSectionPitchIndex() == 0) {
-        unusable = !(project.ReferenceConstantPitch() > 0.0);
-    } else if (project.ReferenceSectionPitchIndex() == 1) {
-        const std::vector<double> pitches = project.ReferenceVariablePitchArray();
-        unusable = std::any_of(pitches.begin(), pitches.end(), [](double p) { return p < 0.0; });
-    }
-    if (unusable) {
-        project.SetReferenceSourceIndex(0);
+    if (project.ReferenceSourceIndex() == kReferenceScan && !ScanReferencePitchUsable(project)) {
+        project.SetReferenceSourceIndex(kReferenceNone);
     }
 }
 

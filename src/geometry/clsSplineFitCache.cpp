@@ -9,6 +9,7 @@ namespace corvane {
 namespace {
 
 thread_local clsSplineFitCache* tActive = nullptr;
+thread_local int tFresh = 0;
 
 bool SameBits(const void* a, const void* b, std::size_t bytes) {
     return bytes == 0 || std::memcmp(a, b, bytes) == 0;
@@ -21,7 +22,7 @@ std::size_t PointBytes(const std::vector<PointDouble>& v) {
 } // namespace
 
 clsSplineFitCache* clsSplineFitCache::Active() {
-    return tActive;
+    return tFresh > 0 ? nullptr : tActive;
 }
 
 // The key is taken from the settings, the count and a few dozen points spread over the input:
@@ -77,8 +78,16 @@ void clsSplineFitCache::Keep(std::vector<PointDouble>&& input, const Settings& s
     ++entries_;
 }
 
+SplineFitsFresh::SplineFitsFresh() {
+    ++tFresh;
+}
+
+SplineFitsFresh::~SplineFitsFresh() {
+    --tFresh;
+}
+
 std::shared_ptr<void> HoldSplineFits() {
-    if (tActive) {
+    if (tActive || tFresh > 0) {
         return nullptr; // the outer hold keeps the cache
     }
     auto cache = std::make_shared<clsSplineFitCache>();

@@ -74,4 +74,14 @@ private:
 // shares the cache of the outer one.
 std::shared_ptr<void> HoldSplineFits();
 
+// While one lives on this thread no fit is kept or looked up, whatever holds are alive: every
+// curve is fitted afresh. A run under it is what a kept run must give, bit for bit.
+class SplineFitsFresh {
+public:
+    SplineFitsFresh();
+    ~SplineFitsFresh();
+    SplineFitsFresh(const SplineFitsFresh&) = delete;
+    SplineFitsFresh& operator=(const SplineFitsFresh&) = delete;
+};
+
 } // namespace corvane

@@ -124,25 +124,25 @@ void ShowScanDataError(const std::string& text) {
 
 } // namespace
 
-std::int32_t CheckScanData(int scanIndex) {
+std::int32_t CheckScanData(clsCorvane& project, int scanIndex, ILiveArm* liveArm) {
     ErrorTail tail("checking the scan data");
     std::int16_t rotation = kRightHand;
     bool usable = false;
     if (!tail.Step([&] {
-            usable = gProject && gProject->PropellerScanCount() > 0 && scanIndex >= 0 &&
-                     scanIndex < gProject->PropellerScanCount() && gProject->BladeCount() > 0 &&
-                     gProject->PropellerScan(scanIndex) &&
-                     gProject->PropellerScan(scanIndex)->BladeCount() > 0;
+            usable = project.PropellerScanCount() > 0 && scanIndex >= 0 &&
+                     scanIndex < project.PropellerScanCount() && project.BladeCount() > 0 &&
+                     project.PropellerScan(scanIndex) && project.PropellerScan(scanIndex)->BladeCount() > 0;
             if (usable) {
-                rotation = gProject->RotationIndex();
-                SetNominalGLPositions(*gProject->PropellerScan(scanIndex), rotation);
+                rotation = project.RotationIndex();
+                SetNominalGLPositions(*project.PropellerScan(scanIndex), rotation);
             }
         }) ||
         !usable) {
         return 0;
     }
 
-    if (ReviewScanSweepAssignments(scanIndex) == 0 || ShiftScanDataToGL(scanIndex) == 0) {
+    if (ReviewScanSweepAssignments(project, scanIndex) == 0 ||
+        ShiftScanDataToGL(project, scanIndex, liveArm) == 0) {
         return 0;
     }
 
@@ -150,7 +150,7 @@ std::int32_t CheckScanData(int scanIndex) {
     std::shared_ptr<clsPropeller> scan;
     bool badRadius = false;
     if (!tail.Step([&] {
-            scan = gProject->PropellerScan(scanIndex);
+            scan = project.PropellerScan(scanIndex);
             badRadius = HasBadRadius(*scan);
         })) {
         return 0;

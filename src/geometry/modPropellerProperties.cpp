@@ -32,17 +32,6 @@ constexpr int kObjectNotSet = 91;
 constexpr const char* kScanDataError = "Scan Data Error";
 constexpr const char* kPropertiesError = "Error calculating propeller properties";
 
-// "A" to "Z" for scans 0 to 25, "AA" to "ZZ" up to 701, the number itself beyond.
-std::string ScanLetter(int id) {
-    if (id >= 0 && id <= 25) {
-        return std::string(1, static_cast<char>('A' + id));
-    }
-    if (id > 25 && id <= 701) {
-        return {static_cast<char>('A' + id / 26 - 1), static_cast<char>('A' + id % 26)};
-    }
-    return std::to_string(id);
-}
-
 // Everything one calculation needs besides the propeller, read from the project once.
 class PropertiesRun {
 public:
@@ -50,7 +39,7 @@ public:
         : propeller_(propeller), panelGrid_(panelGrid), panelMode_(panelMode),
           rotation_(gProject->RotationIndex()), leftHand_(rotation_ != 0),
           markedRadius_(gProject->MarkedDiameter() / 2.0), cupExclusion_(gProject->CupExclusionDistance()),
-          leExclusion_(gProject->LEExclusionDistance()), scan_(ScanLetter(propeller.ScanID())) {}
+          leExclusion_(gProject->LEExclusionDistance()), scan_(ScanLabel(propeller.ScanID())) {}
 
     bool SetSegmentLimits();
     bool ResampleSegmentEnds();

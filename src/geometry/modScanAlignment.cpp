@@ -23,20 +23,11 @@ namespace {
 
 constexpr std::int16_t kRightHand = 0;
 constexpr int kObjectNotSet = 91;
-constexpr std::int32_t kScanModeDigital = 2;
 // Rows of the standard radial table; a reviewed scan always has this many per blade.
 constexpr std::int16_t kStandardSectionRows = 8;
 
-LiveArmShiftHandler& LiveArmShift() {
-    static LiveArmShiftHandler handler;
-    return handler;
-}
-
-std::shared_ptr<clsPropeller> Scan(int scanIndex) {
-    if (!gProject) {
-        throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-    }
-    auto scan = gProject->PropellerScan(scanIndex);
+std::shared_ptr<clsPropeller> Scan(clsCorvane& project, int scanIndex) {
+    auto scan = project.PropellerScan(scanIndex);
     if (!scan) {
         throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
     }
@@ -189,17 +180,13 @@ std::vector<int> SlotsAroundGaps(const std::vector<double>& effective, const std
 
 } // namespace
 
-void SetLiveArmShiftHandler(LiveArmShiftHandler handler) {
-    LiveArmShift() = std::move(handler);
-}
-
-std::int32_t ReviewScanSweepAssignments(int scanIndex) {
+std::int32_t ReviewScanSweepAssignments(clsCorvane& project, int scanIndex) {
     ErrorTail tail("reviewing scan sweep assignments");
     std::shared_ptr<clsPropeller> copy;
     bool changed = false;
     bool empty = false;
     const bool built = tail.Step([&] {
-        auto scan = Scan(scanIndex);
+        auto scan = Scan(project, scanIndex);
         changed = false;
         empty = scan->BladeCount() <= 0;
         if (empty) {
@@ -226,13 +213,13 @@ std::int32_t ReviewScanSweepAssignments(int scanIndex) {
     }
     // A slot may share a section object with another slot or with the old scan; the deep copy
     // gives every slot its own.
-    return tail.Step([&] { gProject->SetPropellerScan(scanIndex, copy->CopyClass()); }) ? 1 : 0;
+    return tail.Step([&] { project.SetPropellerScan(scanIndex, copy->CopyClass()); }) ? 1 : 0;
 }
 
-std::int32_t ShiftScanDataToGL(int scanIndex) {
+std::int32_t ShiftScanDataToGL(clsCorvane& project, int scanIndex, ILiveArm* liveArm) {
     ErrorTail tail("shifting scan data to appropriate GL");
     std::shared_ptr<clsPropeller> scan;
-    if (!tail.Step([&] { scan = Scan(scanIndex); })) {
+    if (!tail.Step([&] { scan = Scan(project, scanIndex); })) {
         return 0;
     }
     if (scan->BladeCount() <= 0) {
@@ -263,21 +250,19 @@ std::int32_t ShiftScanDataToGL(int scanIndex) {
             return 0;
         }
     }
-    if (gScanMode == kScanModeDigital && LiveArmShift()) {
-        if (!tail.Step([&] { LiveArmShift()(turn); })) {
-            return 0;
-        }
+    if (liveArm && !tail.Step([&] { liveArm->TurnFrame(turn); })) {
+        return 0;
     }
-    return AssignScanDataToGL(scanIndex);
+    return AssignScanDataToGL(project, scanIndex);
 }
 
-std::int32_t AssignScanDataToGL(int scanIndex) {
+std::int32_t AssignScanDataToGL(clsCorvane& project, int scanIndex) {
     ErrorTail tail("assigning the scan data to the proper GL");
     std::shared_ptr<clsPropeller> scan;
     std::int16_t rotation = kRightHand;
     if (!tail.Step([&] {
-            scan = Scan(scanIndex);
-            rotation = gProject->RotationIndex();
+            scan = Scan(project, scanIndex);
+            rotation = project.RotationIndex();
         })) {
         return 0;
     }
@@ -329,7 +314,7 @@ std::int32_t AssignScanDataToGL(int scanIndex) {
             blade->SetGLPositionThetaDeg(gl[static_cast<std::size_t>(i)]);
             copy->SetBlades(i, blade);
         }
-        gProject->SetPropellerScan(scanIndex, copy);
+        project.SetPropellerScan(scanIndex, copy);
     })
                ? 1
                : 0;

@@ -61,6 +61,15 @@ struct ISOBladeResults {
     std::vector<ISOSectionResults> Sections;
 };
 
+// What the user looks at: the blades shown (a blade beyond the seven buttons counts as shown)
+// and the radial rows shown. The per-blade class search judges the blades shown, and the 0.4 row
+// beside the inner radius only when it is shown. An input of the evaluation, never read from
+// the screen behind the caller's back.
+struct ISOSelection {
+    std::array<bool, 7> blades{true, true, true, true, true, true, true};
+    std::array<bool, 8> radii{true, true, true, true, true, true, true, true};
+};
+
 // Rows of the per-blade class tables of EvaluateClassPerBlade and GetBestISOClass. Row 0 holds
 // the coverage code of GetCoverageClass; the per-blade evaluation never writes it. Row 1 is the
 // blade as a whole and is never failed.

@@ -197,12 +197,10 @@ void GetSectionMask(const clsISO484& iso, ISOSectionMask& mask) {
     mask = RequiredSections(iso);
 }
 
-void GetClassSectionMask(const ISOSectionMask& userMask, ISOSectionMask& mask, bool keepUser) {
-    if (!gISO484) {
-        throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-    }
-    const ISOSectionMask required = RequiredSections(*gISO484);
-    const bool innerOn = gISO484->ISOIncludeInnerRadiusIndex() == 1;
+void GetClassSectionMask(const clsISO484& iso, const ISOSectionMask& userMask, ISOSectionMask& mask,
+                         bool keepUser) {
+    const ISOSectionMask required = RequiredSections(iso);
+    const bool innerOn = iso.ISOIncludeInnerRadiusIndex() == 1;
     for (std::size_t row = 0; row < required.size(); ++row) {
         if (required[row]) {
             mask[row] = true;

@@ -9,7 +9,6 @@
 // status and the class verdicts. Including this header brings all of them.
 #include "iso484/modISO484Class.h"
 #include "iso484/modISO484Criteria.h"
-#include "iso484/modISO484Data.h"
 #include "iso484/modISO484Evaluate.h"
 
 namespace corvane {
@@ -50,10 +49,11 @@ void SetISOLargeClassIIITolerances(clsISO484& iso);
 // requires none. Without a mask argument the result goes to gISORadiusFlags.
 void GetSectionMask(const clsISO484& iso, ISOSectionMask& mask = gISORadiusFlags);
 
-// The reports' variant, for the class of gISO484: the required rows are true; a row that is not
+// The reports' variant, for the class of iso: the required rows are true; a row that is not
 // required takes the user's selection from userMask when keepUser is true and is false
 // otherwise. Row 6, when not required while the inner radius is on, always takes the user's
 // selection: the user decides whether the 0.4 section is shown beside the inner one.
-void GetClassSectionMask(const ISOSectionMask& userMask, ISOSectionMask& mask, bool keepUser);
+void GetClassSectionMask(const clsISO484& iso, const ISOSectionMask& userMask, ISOSectionMask& mask,
+                         bool keepUser);
 
 } // namespace corvane

@@ -9,7 +9,6 @@
 #include "iso484/clsISO484.h"
 #include "iso484/modISO484.h"
 #include "iso484/modISO484Criteria.h"
-#include "iso484/modISO484Data.h"
 #include "iso484/modISO484Evaluate.h"
 #include "model/CorvaneError.h"
 #include "model/Globals.h"
@@ -50,13 +49,6 @@ template <std::size_t N> std::string Word(const std::array<const char*, N>& word
     return index >= 0 && index < static_cast<int>(N) ? words[static_cast<std::size_t>(index)] : "";
 }
 
-clsCorvane& Project() {
-    if (!gProject) {
-        throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-    }
-    return *gProject;
-}
-
 std::shared_ptr<clsPropeller> ScanOf(const clsCorvane& project, int scanIndex) {
     auto scan = project.PropellerScan(scanIndex);
     if (!scan) {
@@ -73,19 +65,19 @@ bool Masked(const ISOSectionMask& mask, int section) {
     return section >= 0 && section < kISOSectionRows && mask[static_cast<std::size_t>(section)];
 }
 
-bool Selected(clsPropeller& scan, int blade) {
-    const bool shown =
-        blade >= static_cast<int>(gShowBladeFlags.size()) || gShowBladeFlags[static_cast<std::size_t>(blade)];
+bool Selected(const ISOSelection& selection, clsPropeller& scan, int blade) {
+    const bool shown = blade >= static_cast<int>(selection.blades.size()) ||
+                       selection.blades[static_cast<std::size_t>(blade)];
     return shown && scan.Blades(blade)->BladeEnabled();
 }
 
 // The sections a class requires, and beside the inner radius the 0.4 section when the user shows
 // it: the mask of the per-blade walk, for the class of `iso` rather than that of gISO484.
-ISOSectionMask ClassSections(const clsISO484& iso) {
+ISOSectionMask ClassSections(const clsISO484& iso, const ISOSelection& selection) {
     ISOSectionMask mask{};
     GetSectionMask(iso, mask);
     if (!mask[kInnerPairRow] && iso.ISOIncludeInnerRadiusIndex() == 1) {
-        mask[kInnerPairRow] = gShowRadiusFlags[kInnerPairRow];
+        mask[kInnerPairRow] = selection.radii[kInnerPairRow];
     }
     return mask;
 }
@@ -130,7 +122,7 @@ int NextMeasured(clsBlades& blade, int section) {
 
 // The per-blade walk of one section. Returns false when a deciding criterion failed.
 bool SectionPerBlade(const clsISO484& iso, const clsCorvane& project, int scanIndex, clsPropeller& scan,
-                     int b, int k, ISOClassFlags& flags) {
+                     const ISOSelection& selection, int b, int k, ISOClassFlags& flags) {
     const auto bi = static_cast<std::size_t>(b);
     auto blade = scan.Blades(b);
     bool ok = true;
@@ -155,7 +147,7 @@ bool SectionPerBlade(const clsISO484& iso, const clsCorvane& project, int scanIn
     if (iso.ISOCriteriaIndex() == kSecondaryCriteria) {
         const int next = (b + 1) % scan.BladeCount();
         auto nextBlade = scan.Blades(next);
-        if (!Selected(scan, next)) {
+        if (!Selected(selection, scan, next)) {
             fail(kISORowRakeBetweenBlades, false);
         } else if (Measured(*nextBlade, k) &&
                    !RakeBetweenPasses(project, l, u, v, nextBlade->ISOTotalAxialRakeToBCL(k))) {
@@ -233,11 +225,10 @@ bool SectionStatus(const clsISO484& iso, const clsCorvane& project, int scanInde
 
 } // namespace
 
-std::int16_t EvaluateClassStatus(const clsISO484& iso) {
+std::int16_t EvaluateClassStatus(const clsCorvane& project, const clsISO484& iso) {
     ErrorTail tail("evaluating the ISO class status");
     std::int16_t code = 0;
     tail.Step([&] {
-        const clsCorvane& project = Project();
         if (project.ReferenceSourceIndex() == 0) {
             code = 0;
             return;
@@ -277,12 +268,11 @@ std::int16_t EvaluateClassStatus(const clsISO484& iso) {
     return code;
 }
 
-std::int16_t EvaluateClassPerBlade(const clsISO484& iso, int scanIndex, ISOClassFlags& flags,
-                                   bool& propellerOK) {
+std::int16_t EvaluateClassPerBlade(const clsCorvane& project, const clsISO484& iso, int scanIndex,
+                                   const ISOSelection& selection, ISOClassFlags& flags, bool& propellerOK) {
     ErrorTail tail("evaluating the ISO class per blade");
     std::int16_t code = 0;
     tail.Step([&] {
-        const clsCorvane& project = Project();
         auto scan = ScanOf(project, scanIndex);
         const auto count = static_cast<std::size_t>(scan->BladeCount() > 0 ? scan->BladeCount() : 0);
         flags[kISORowCoverage].resize(count);
@@ -291,14 +281,14 @@ std::int16_t EvaluateClassPerBlade(const clsISO484& iso, int scanIndex, ISOClass
         }
         propellerOK = true;
         bool failed = false;
-        const ISOSectionMask mask = ClassSections(iso);
+        const ISOSectionMask mask = ClassSections(iso, selection);
         double l = 0, u = 0, v = 0;
         if (!Passes(EvaluatePropellerMeanPitch(iso, project, scanIndex, l, u, v), l, u, v)) {
             propellerOK = false;
             failed = true;
         }
         for (int b = 0; b < scan->BladeCount(); ++b) {
-            if (!Selected(*scan, b)) {
+            if (!Selected(selection, *scan, b)) {
                 continue;
             }
             const auto bi = static_cast<std::size_t>(b);
@@ -318,7 +308,7 @@ std::int16_t EvaluateClassPerBlade(const clsISO484& iso, int scanIndex, ISOClass
             }
             for (int k = 0; k < blade->SectionCount(); ++k) {
                 if (Measured(*blade, k) && Masked(mask, k) &&
-                    !SectionPerBlade(iso, project, scanIndex, *scan, b, k, flags)) {
+                    !SectionPerBlade(iso, project, scanIndex, *scan, selection, b, k, flags)) {
                     failed = true;
                 }
             }
@@ -328,15 +318,11 @@ std::int16_t EvaluateClassPerBlade(const clsISO484& iso, int scanIndex, ISOClass
     return code;
 }
 
-void GetCoverageClass(std::vector<std::int16_t>& bladeCodes, std::int16_t& overall, bool belowLimit) {
+void GetCoverageClass(const clsCorvane& project, const clsISO484& iso, const ISOSelection& selection,
+                      std::vector<std::int16_t>& bladeCodes, std::int16_t& overall, bool belowLimit) {
     ErrorTail tail("finding the ISO class coverage");
     tail.Step([&] {
-        const clsCorvane& project = Project();
-        if (!gISO484) {
-            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-        }
-        const clsISO484& iso = *gISO484;
-        const ISOSectionMask mask = ClassSections(iso);
+        const ISOSectionMask mask = ClassSections(iso, selection);
         auto scan = ScanOf(project, project.ActiveScanIndex());
         const int count = scan->BladeCount() > 0 ? scan->BladeCount() : 0;
         overall = kISOCodeMissing;
@@ -348,7 +334,7 @@ void GetCoverageClass(std::vector<std::int16_t>& bladeCodes, std::int16_t& overa
                                    [&](int k) { return Masked(mask, k) && Measured(*blade, k); });
             };
             std::int16_t code = kISOCodeMissing;
-            if (Selected(*scan, b) && rows({1, 3, 5})) {
+            if (Selected(selection, *scan, b) && rows({1, 3, 5})) {
                 code = belowLimit ? 2 : (iso.ISOStandardIndex() == kStandardSmall ? 3 : 4);
                 if (rows({2, 4})) {
                     code = iso.ISOStandardIndex() == kStandardLarge ? 3 : 1;
@@ -361,89 +347,6 @@ void GetCoverageClass(std::vector<std::int16_t>& bladeCodes, std::int16_t& overa
             overall = b == 0 ? code : std::min(overall, code);
         }
     });
-}
-
-std::int16_t GetBestISOClass(int scanIndex, bool belowLimit, ISOClassCodes& codes,
-                             std::int16_t& propellerCode) {
-    ErrorTail tail("finding the best ISO class");
-    std::int16_t result = 0;
-    const auto savedStatus = gISOStatus;
-    tail.Step([&] {
-        clsCorvane& project = Project();
-        if (!gISO484) {
-            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-        }
-        const std::shared_ptr<clsISO484> projectISO = gISO484;
-        auto scan = ScanOf(project, scanIndex);
-        const auto count = static_cast<std::size_t>(scan->BladeCount() > 0 ? scan->BladeCount() : 0);
-        for (auto& row : codes) {
-            row.assign(count, kWorstClass);
-        }
-        propellerCode = kWorstClass;
-        std::int16_t coverage = kISOCodeMissing;
-        GetCoverageClass(codes[kISORowCoverage], coverage, belowLimit);
-        codes[kISORowCoverage].resize(count, kISOCodeMissing);
-
-        // The search runs on its own instance with the project's settings, so that the
-        // project's class, tolerances and results stay as they are.
-        clsISO484 trial;
-        trial.SetLinkedClasses(projectISO->Units());
-        trial.SetISOCriteriaIndex(projectISO->ISOCriteriaIndex());
-        trial.SetISOIncludeInnerRadiusIndex(projectISO->ISOIncludeInnerRadiusIndex());
-        trial.SetISOInnerRadius(projectISO->ISOInnerRadius());
-        trial.SetISOTaskIndex(projectISO->ISOTaskIndex());
-        const std::int16_t asked = projectISO->ISOClassIndex();
-        std::int16_t verdict = 0;
-        // Only the windows change from one class to the next: the panels are counted by the
-        // project's own class in every run, so every trial class is judged on the same grid, and
-        // every raw curve of the scan and of its reference is fitted in the first run only.
-        const std::shared_ptr<void> fits = HoldISOGeometryFits();
-        for (const std::int16_t classIndex : kClassesTried) {
-            trial.SetISOClassIndex(classIndex);
-            ClearISOCriteriaStatus();
-            SetISOStandardAndTolerances(trial, project);
-            std::int16_t useRawEnds = 0;
-            if (CalculateAllISOData(useRawEnds) != 1) {
-                verdict = 0; // the data could not be brought up to date: nothing to judge
-                break;
-            }
-            EvaluateISOCriteria(trial);
-            const std::int16_t status = EvaluateClassStatus(trial);
-            ISOClassFlags flags{};
-            bool propellerOK = false;
-            EvaluateClassPerBlade(trial, scanIndex, flags, propellerOK);
-            if (classIndex == asked || (classIndex == kClassI && asked == kClassIa)) {
-                verdict = status;
-            }
-            for (int row = kISORowOverall; row < kISOClassRows; ++row) {
-                const auto& passed = flags[static_cast<std::size_t>(row)];
-                auto& target = codes[static_cast<std::size_t>(row)];
-                for (std::size_t b = 0; b < passed.size() && b < target.size(); ++b) {
-                    if (passed[b]) {
-                        target[b] = classIndex;
-                    }
-                }
-            }
-            if (propellerOK) {
-                propellerCode = classIndex;
-            }
-        }
-        result = asked < coverage && verdict == 1 ? kPartial : verdict;
-        if (scan->ScanDrop() == kSingleChannelDrop) {
-            // One drop channel gives no trustworthy rake.
-            for (const int row : {kISORowRakePosition, kISORowRakeBetweenBlades, kISORowDeltaRake}) {
-                codes[static_cast<std::size_t>(row)].assign(count, kISOCodeNotApplicable);
-            }
-        }
-        ISOResults& results = projectISO->Results();
-        results.ClassCodesFound = true;
-        results.ClassCodes = codes;
-        results.PropellerCode = propellerCode;
-        results.CoverageCode = coverage;
-        results.BestClassResult = result;
-    });
-    gISOStatus = savedStatus;
-    return result;
 }
 
 bool ISOBelowSizeLimit(const clsCorvane& project) {
@@ -473,16 +376,6 @@ void GetEvaluationSentence(const clsISO484& iso, std::string& standardText, std:
         sentence.clear();
         break;
     }
-}
-
-void GetEvaluationSentence(std::string& standardText, std::string& sentence, int code) {
-    ErrorTail tail("wording the ISO evaluation");
-    tail.Step([&] {
-        if (!gISO484) {
-            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-        }
-        GetEvaluationSentence(*gISO484, standardText, sentence, code);
-    });
 }
 
 } // namespace corvane

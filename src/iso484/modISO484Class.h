@@ -6,9 +6,8 @@
 // Verdict codes index kISOStatusWords: 0 not evaluated (no reference), 1 meets, 2 fails,
 // 3 partial scan meets.
 //
-// The blades the user has selected are gShowBladeFlags (a blade beyond its seven rows counts as
-// selected); the user's own choice of the 0.4 section beside the inner radius is
-// gShowRadiusFlags[6].
+// The blades the user has selected, and the user's own choice of the 0.4 section beside the
+// inner radius, come with an ISOSelection.
 
 #include <cstdint>
 #include <string>
@@ -21,13 +20,13 @@ namespace corvane {
 class clsCorvane;
 class clsISO484;
 
-// The verdict of gProject's active scan for the class of `iso`: 0 without a reference, else 1,
+// The verdict of the project's active scan for the class of `iso`: 0 without a reference, else 1,
 // or 2 at the first failure. Walks the propeller mean pitch and each enabled blade: mean pitch
 // (only when above 0), spacing, and in each measured section that the class requires the
 // nose-tail pitch, chord, leading edge and rake position; every panel's local pitch unless the
 // class is 3 (index 4), and with secondary criteria every station's pitch continuity. Diameter,
 // rake between blades and rake progression never decide.
-std::int16_t EvaluateClassStatus(const clsISO484& iso);
+std::int16_t EvaluateClassStatus(const clsCorvane& project, const clsISO484& iso);
 
 // The same walk over the enabled and selected blades of scan scanIndex, recording per blade and
 // criterion instead of stopping. Rows 1 to 13 of `flags` are set to one true entry per blade
@@ -37,26 +36,15 @@ std::int16_t EvaluateClassStatus(const clsISO484& iso);
 // propellerOK is false when the propeller mean pitch fails. Returns 0 without a reference,
 // else 2 when any criterion but diameter, rake between blades and rake progression failed,
 // else 1.
-std::int16_t EvaluateClassPerBlade(const clsISO484& iso, int scanIndex, ISOClassFlags& flags,
-                                   bool& propellerOK);
+std::int16_t EvaluateClassPerBlade(const clsCorvane& project, const clsISO484& iso, int scanIndex,
+                                   const ISOSelection& selection, ISOClassFlags& flags, bool& propellerOK);
 
-// The class the measured sections of each blade of the active scan can support at best, by the
-// sections gISO484's class requires: 6 (missing) for a blade left out; 4 with rows 1, 3 and 5
+// The class the measured sections of each selected blade of the active scan can support at
+// best, by the sections the class of `iso` requires: 6 (missing) for a blade left out; 4 with rows 1, 3 and 5
 // measured (2 below the size limit, else 3 under ISO 484-2); then 1 with rows 2 and 4 as well
 // (3 under ISO 484-1); then 0 with row 0 too. `overall` is the smallest code over the blades.
-void GetCoverageClass(std::vector<std::int16_t>& bladeCodes, std::int16_t& overall, bool belowLimit);
-
-// The best class of scan scanIndex. Runs the whole chain for classes 3, 2, 1 and S on a
-// short-lived clsISO484 with the project's settings, and gives each blade and criterion the
-// best class it passed (4, class 3, where it passes none); row kISORowCoverage holds the
-// coverage code. The verdict is that of the project's class (class 1a reads class 1's), or 3
-// (partial) when it passes but the measured sections support less than the class needs. With a
-// single-channel drop encoder the three rake rows are 5 (not applicable).
-//
-// gISO484 keeps its class, tolerances and results; the class codes are added to its results.
-// gISOStatus is put back as it was. belowLimit: see ISOBelowSizeLimit.
-std::int16_t GetBestISOClass(int scanIndex, bool belowLimit, ISOClassCodes& codes,
-                             std::int16_t& propellerCode);
+void GetCoverageClass(const clsCorvane& project, const clsISO484& iso, const ISOSelection& selection,
+                      std::vector<std::int16_t>& bladeCodes, std::int16_t& overall, bool belowLimit);
 
 // The marked diameter is below 0.8 m (within 1e-5): the coverage of a small propeller counts
 // for more.
@@ -66,7 +54,5 @@ bool ISOBelowSizeLimit(const clsCorvane& project);
 // sentence by verdict code: 0 "Scan not evaluated.", 1 "MEETS OR EXCEEDS CLASS ...", 2 "Fails to
 // meet Class ...", 3 "Partial scan meets Class ..."; any other code gives "".
 void GetEvaluationSentence(const clsISO484& iso, std::string& standardText, std::string& sentence, int code);
-// The same for gISO484.
-void GetEvaluationSentence(std::string& standardText, std::string& sentence, int code);
 
 } // namespace corvane

@@ -163,23 +163,20 @@ void ClearISOCriteriaStatus() {
     gISOStatus.fill(kISOCellClear);
 }
 
-std::int32_t EvaluateISOCriteria(clsISO484& iso) {
+std::int32_t EvaluateISOCriteria(const clsCorvane& project, clsISO484& iso) {
     ErrorTail tail("evaluating the ISO criteria");
     const bool done = tail.Step([&] {
-        if (!gProject) {
-            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-        }
-        const int scanIndex = gProject->ActiveScanIndex();
-        auto scan = gProject->PropellerScan(scanIndex);
+        const int scanIndex = project.ActiveScanIndex();
+        auto scan = project.PropellerScan(scanIndex);
         if (!scan) {
             throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
         }
         ISOResults& results = iso.Results();
         // Class codes found earlier belong to the data they were found on; they go with it.
         results = ISOResults{};
-        results.ReferenceSourceIndex = gProject->ReferenceSourceIndex();
+        results.ReferenceSourceIndex = project.ReferenceSourceIndex();
         Cell(kISOStatusGeneral) = kISOCellNotApplicable;
-        CriteriaWalk(iso, *gProject, scanIndex, *scan).Run(results);
+        CriteriaWalk(iso, project, scanIndex, *scan).Run(results);
     });
     return done ? 1 : 0;
 }

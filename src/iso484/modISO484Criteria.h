@@ -8,6 +8,7 @@
 
 namespace corvane {
 
+class clsCorvane;
 class clsISO484;
 
 // Cells of gISOStatus: 1 all clear, 2 failed somewhere, 0 not applicable.
@@ -46,6 +47,6 @@ void ClearISOCriteriaStatus();
 //
 // The windows replace iso.Results() (see ISOResults.h). Returns 1, or 0 when there is no
 // project or scan to evaluate (the error handler has been told).
-std::int32_t EvaluateISOCriteria(clsISO484& iso);
+std::int32_t EvaluateISOCriteria(const clsCorvane& project, clsISO484& iso);
 
 } // namespace corvane

@@ -93,4 +93,14 @@ std::string clsPropeller::RepairStatusLabel(int index) const {
     return RepairStatusFileTag(index);
 }
 
+std::string ScanLabel(int scanID) {
+    if (scanID >= 0 && scanID <= 25) {
+        return std::string(1, static_cast<char>('A' + scanID));
+    }
+    if (scanID >= 26 && scanID <= 701) {
+        return {static_cast<char>('A' + scanID / 26 - 1), static_cast<char>('A' + scanID % 26)};
+    }
+    return std::to_string(scanID);
+}
+
 } // namespace corvane

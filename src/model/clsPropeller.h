@@ -88,4 +88,8 @@ private:
     std::int16_t scanDrop_ = 0;
 };
 
+// The letter a scan is known by: ScanID 0 to 25 "A" to "Z", 26 to 701 two letters ("AA" for
+// 26), the number itself beyond.
+std::string ScanLabel(int scanID);
+
 } // namespace corvane

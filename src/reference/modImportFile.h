@@ -4,23 +4,11 @@
 // panel of each section, read into a clsPropeller, turned into surfaces, resplined onto the
 // standard radii and written back out.
 //
-// The file is line-oriented text. A line holding one of the bracketed headers starts that
-// block (anywhere in the line, any case) and the following lines hold its data:
-//
-//   [Prop Description]                    one line of free text
-//   [Number of Radii + 1]                 the number of sections
-//   [Number of Sectors per Radius + 2]    the number of panels of every section
-//   [Pitch Progression Table by Row]      propeller pitch, then r/R * 100 of each section;
-//                                         one row of panel pitches per panel, "LE" first and
-//                                         "TE" last; then "Avg" with the section pitches
-//   [Chord Lengths] [Rake] [Skew]         one row each, one value per section
-//   [Diameter]                            one value
-//
-// Sections stand hub first in the file and tip first in memory (section 0 outermost). Numbers
-// are split on blanks and read leniently ("12abc" reads 12); lengths are in the project unit.
+// The text itself is read by ReadPPPFile (files/modPPPFile.h); lengths are in the project unit.
 // Only blade 0 of a propeller holds what the file says; BuildPPPOffsets makes the other blades
 // copies of it, turned to their generator lines.
 
+#include "files/modPPPFile.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
 
@@ -29,11 +17,6 @@
 #include <vector>
 
 namespace corvane {
-
-// Limits of what a file may ask for, so that a damaged file cannot make the reader allocate
-// without bound. A reference never has more than a few dozen sections or panels.
-inline constexpr int kMaxPPPSections = 100;
-inline constexpr int kMaxPPPPanels = 500;
 
 // Reads the file into `propeller` for a project of bladeCount blades: description, blade 0's
 // sections (RadialPos, Pitch, Chord, RakeAft, SkewHelix, the panel pitches), ISOBladePitch of
@@ -56,14 +39,11 @@ std::int32_t BuildPPPOffsets(clsPropeller& propeller, bool checkPitch);
 
 // Resamples the sections of blade 0 onto the standard radii (gRadialPositions): pitch, chord,
 // rake, skew and each panel's pitch are splined over r/R, the sections are replaced by eight
-// new ones and their offsets rebuilt; then the installed pipeline steps (PPPPipeline.h) measure
-// the result. 1 on success, 0 after an error.
+// new ones and their offsets rebuilt and measured. 1 on success, 0 after an error.
 std::int32_t ResplineSectionsToISORadii(clsPropeller& propeller);
 
-// Prepares gProject's reference (the installed CalculateReferenceProperties, with raw ends) and
-// writes it with WritePPPFile. Without that step installed, the reference as read from a file
-// (ReferenceSourceIndex 2 or 3) or else the internal scan (InternalScanIndex) is written as it
-// stands. 1 when written.
+// Prepares gProject's reference (CalculateReferenceProperties, with raw ends) and writes it with
+// WritePPPFile. 1 when written.
 std::int32_t ExportPPPFile(const std::string& path);
 
 // Writes blade 0 of the propeller as a ppp file, hub first and only the sections that have
@@ -80,9 +60,5 @@ std::string FormatPPPText(const clsPropeller& propeller);
 // the counts agree, the pitch of the panel under each new panel's centre when they differ, and
 // sectionPitch everywhere when the section has no panels.
 std::vector<double> PanelPitchesOnGrid(const clsSection& section, double sectionPitch, int panels);
-
-// Installs ImportPPPFile as the reader through which a project re-reads a ppp reference on
-// loading (SetPPPReferenceReader). The program and the command line call it once at start.
-void InstallPPPReferenceReader();
 
 } // namespace corvane

@@ -6,7 +6,7 @@
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "model/modUtilities.h"
-#include "reference/PPPPipeline.h"
+#include "reference/modReferenceProperties.h"
 #include "support/ErrorTail.h"
 #include "support/Services.h"
 
@@ -45,23 +45,6 @@ std::vector<int> WrittenSections(clsBlades& blade) {
         }
     }
     return out;
-}
-
-// The reference ExportPPPFile writes when the reference calculation is not installed: the
-// reference as read from its file, or the scan the internal reference is taken from.
-std::shared_ptr<clsPropeller> StandingReference() {
-    if (!gProject) {
-        return nullptr;
-    }
-    const std::int16_t source = gProject->ReferenceSourceIndex();
-    if (source == 2 || source == 3) {
-        return gProject->ReferenceSource();
-    }
-    const int index = gProject->InternalScanIndex();
-    if (index < 0 || index >= gProject->PropellerScanCount()) {
-        return nullptr;
-    }
-    return gProject->PropellerScan(index);
 }
 
 } // namespace
@@ -154,13 +137,9 @@ std::int32_t ExportPPPFile(const std::string& path) {
         ErrorTail tail(kContext);
         bool prepared = false;
         tail.Step([&] {
-            const PPPPipeline& pipeline = InstalledPPPPipeline();
-            if (pipeline.CalculateReferenceProperties) {
-                prepared = gProject && pipeline.CalculateReferenceProperties(true) == 1;
-                reference = prepared ? gProject->ReferenceScan() : nullptr;
-            } else {
-                reference = StandingReference();
-            }
+            std::int16_t useRawEnds = 1;
+            prepared = gProject && CalculateReferenceProperties(*gProject, useRawEnds) == 1;
+            reference = prepared ? gProject->ReferenceScan() : nullptr;
         });
         if (!reference || tail.Failed()) {
             Prompts().MessageBox(

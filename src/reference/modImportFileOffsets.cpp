@@ -2,12 +2,15 @@
 // the standard radii.
 #include "reference/modImportFile.h"
 
+#include "geometry/modISOPitch.h"
+#include "geometry/modLocalPitch.h"
+#include "geometry/modPanelCount.h"
+#include "geometry/modPropellerProperties.h"
 #include "geometry/modScanDataUtilities.h"
 #include "geometry/modSplineFit.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "model/modUtilities.h"
-#include "reference/PPPPipeline.h"
 #include "support/ErrorTail.h"
 #include "support/Services.h"
 
@@ -96,31 +99,24 @@ bool Resample(const std::vector<std::size_t>& order, const std::vector<double>& 
     return SplineInternalValues(static_cast<int>(xs.size()), xs, ys, static_cast<int>(xq.size()), xq, out, 0);
 }
 
-// The measures of the resplined reference through the installed pipeline; steps that are not
-// installed are passed over. Blade 0 is measured and the others become its copies again.
+// The measures of the resplined reference: blade 0 is measured and the others become its copies
+// again.
 bool MeasureResplined(clsPropeller& propeller) {
-    const PPPPipeline& pipeline = InstalledPPPPipeline();
-    if (pipeline.CalculatePropellerProperties &&
-        pipeline.CalculatePropellerProperties(propeller, true, true) != 1) {
+    if (CalculatePropellerProperties(propeller, true, true) != 1) {
         return false;
     }
-    if (pipeline.CalcLocalPitchByNormal) {
-        const int sections = propeller.Blades(0)->SectionCount();
-        for (int k = 0; k < sections; ++k) {
-            const int panels = pipeline.GetExportPanelCount
-                                   ? pipeline.GetExportPanelCount(propeller, k)
-                                   : propeller.Blades(0)->Section(k)->SegmentPanelCount();
-            if (pipeline.CalcLocalPitchByNormal(Rotation(), propeller, 0, k, panels, false) != 1) {
-                return false;
-            }
+    const int sections = propeller.Blades(0)->SectionCount();
+    for (int k = 0; k < sections; ++k) {
+        if (CalcLocalPitchByNormal(Rotation(), propeller, 0, k, GetExportPanelCount(propeller, k), false) !=
+            1) {
+            return false;
         }
     }
-    if ((pipeline.CalcISOBladePitch && pipeline.CalcISOBladePitch(propeller, 0) != 1) ||
-        (pipeline.CalcIntegratedBladePitch && pipeline.CalcIntegratedBladePitch(propeller, 0) != 1)) {
+    if (CalcISOBladePitch(propeller, 0) != 1 || CalcIntegratedBladePitch(propeller, 0) != 1) {
         return false;
     }
     CopyBladeZeroToOthers(propeller);
-    return !pipeline.CalcISOPropellerPitch || pipeline.CalcISOPropellerPitch(propeller) == 1;
+    return CalcISOPropellerPitch(propeller) == 1;
 }
 
 } // namespace

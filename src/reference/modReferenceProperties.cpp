@@ -274,15 +274,14 @@ void ReferenceRun::ShareLEArcs() {
 
 } // namespace detail
 
-std::int32_t CalculateReferenceProperties(std::int16_t& useRawEnds) {
+std::int32_t CalculateReferenceProperties(clsCorvane& project, std::int16_t& useRawEnds) {
     ErrorTail tail("calculating reference propeller geometric properties");
     bool done = false;
     const bool ran = tail.Step([&] {
         done = false;
-        if (!gProject || !gProject->PropellerScan(gProject->ActiveScanIndex())) {
+        if (!project.PropellerScan(project.ActiveScanIndex())) {
             throw CorvaneError(detail::kObjectNotSet, "Object variable or With block variable not set");
         }
-        clsCorvane& project = *gProject;
         const std::int16_t source = project.ReferenceSourceIndex();
         if (source == 0) {
             project.SetReferenceScan(project.PropellerScan(project.InternalScanIndex())->CopyClass());

@@ -13,15 +13,6 @@ enum class GateOutcome {
     ToScanPage,    // the scan is not usable, or its calculation failed
 };
 
-// The reference settings the Check page can use: 1, or 0 when an external reference has no
-// file, or a scan reference has a constant pitch not above 0 or a variable pitch below 0.
-int CheckReferenceSettings();
-
-// The calculations behind the Check and Report pages, in their fixed order: the section
-// measures of the scan and of the reference, the ISO data and the ISO criteria. 1 when they
-// ran; 0 after a failure that its step has told the user of.
-int RunPropertyCalculations();
-
 // The Check page inside the main window, and the gates in front of it. Until the graphs arrive
 // the page says that it is not available yet; the hooks the tool strip calls are here already.
 class CheckPageController {

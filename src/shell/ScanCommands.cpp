@@ -1,5 +1,6 @@
 #include "shell/ScanCommands.h"
 
+#include "check/ScanEdits.h"
 #include "model/Globals.h"
 #include "model/NumberFormat.h"
 #include "model/clsCorvane.h"
@@ -12,16 +13,6 @@
 #include "support/Services.h"
 
 namespace corvane {
-
-std::string ScanLabel(int scanID) {
-    if (scanID >= 0 && scanID <= 25) {
-        return std::string(1, static_cast<char>('A' + scanID));
-    }
-    if (scanID >= 26 && scanID <= 701) {
-        return {static_cast<char>('A' + scanID / 26 - 1), static_cast<char>('A' + scanID % 26)};
-    }
-    return std::to_string(scanID);
-}
 
 ScanCommands::ScanCommands(frmCorvane& window) : window_(window) {}
 
@@ -51,36 +42,7 @@ void ScanCommands::mnuScanHistoryDelete_Click() {
     if (!ScanPageWorking() || !gProject) {
         return;
     }
-    const int count = gProject->PropellerScanCount();
-    if (count <= 0) {
-        Prompts().MessageBox("There is no scan data to remove!", MsgBox::Critical, "Delete scan...");
-        return;
-    }
-    const int active = gProject->ActiveScanIndex();
-    if (active < 0 || active > count - 1) {
-        Prompts().MessageBox(
-            "An error occurred. The selected scan does not exist. Please select a scan and try "
-            "again.",
-            MsgBox::Critical, "Delete scan...");
-        return;
-    }
-    const std::string label = ScanLabel(gProject->PropellerScan(active)->ScanID());
-    if (Prompts().MessageBox("Are you sure you want to delete Scan " + label + "?",
-                             MsgBox::YesNo | MsgBox::Question, "Delete scan...") != Answer::Yes) {
-        return;
-    }
-    ErrorTail tail("deleting scan");
-    tail.Step([&] {
-        for (int i = active; i <= count - 2; ++i) {
-            gProject->SetPropellerScan(i, gProject->PropellerScan(i + 1)->CopyClass());
-        }
-        // A set is never emptied: with one scan the count and the data stay.
-        gProject->SetPropellerScanCount(static_cast<std::int16_t>(count - 1));
-        if (gProject->ActiveScanIndex() >= gProject->PropellerScanCount()) {
-            gProject->SetActiveScanIndex(static_cast<std::int16_t>(gProject->PropellerScanCount() - 1));
-        }
-    });
-    if (gProject->PropellerScanCount() != count) {
+    if (DeleteActiveScan(*gProject)) {
         gProjectDirty = true;
         GraphsStale = true;
     }

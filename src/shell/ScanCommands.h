@@ -10,7 +10,6 @@ class frmCorvane;
 
 // The letters a scan goes by: ScanID 0 to 25 "A" to "Z", up to 701 two letters ("AA" for 26),
 // above that (and below 0) the number itself.
-std::string ScanLabel(int scanID);
 
 // The Scan menu of the main window: the scan history (add, delete, overwrite, import), the
 // reset of the scan buffer, the scan mode and the scan options. The history commands work on

@@ -1,6 +1,7 @@
 // The blade side of the main window's tool strip: ctlAll (ALL, ISO, ANY) and the seven blade
 // buttons, on each page.
 
+#include "check/CheckRun.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "shell/CheckPageController.h"
@@ -209,9 +210,8 @@ void frmCorvane::Blades_Or_Prop() {
 }
 
 void frmCorvane::ShowEnabledBlades() {
-    for (int blade = 0; blade < 7; ++blade) {
-        gShowBladeFlags[static_cast<std::size_t>(blade)] = IsBladeEnabled(blade);
-    }
+    const auto scan = gProject ? gProject->PropellerScan(gProject->ActiveScanIndex()) : nullptr;
+    gShowBladeFlags = scan ? EnabledBlades(*scan) : std::array<bool, 7>{};
 }
 
 void frmCorvane::Blades_Count_Show() {

@@ -121,7 +121,7 @@ void frmPageProject::UpdateRequiredMark(Required field) {
     if (!ModelReady()) {
         return;
     }
-    const ProjectFieldCheck check = CheckProjectFields();
+    const ProjectFieldCheck check = CheckProjectFields(*gProject, *gISO484);
     const bool holds[kRequiredCount] = {check.customer, check.projectID, check.diameter, check.pitch,
                                         check.innerRadius};
     ShowRequiredMark(field, !holds[field]);
@@ -134,7 +134,7 @@ int frmPageProject::CheckProjectData(bool clearOnly) {
     if (clearOnly) {
         return 1;
     }
-    const ProjectFieldCheck check = CheckProjectFields();
+    const ProjectFieldCheck check = CheckProjectFields(*gProject, *gISO484);
     ShowRequiredMark(kCustomer, !check.customer);
     ShowRequiredMark(kProjectID, !check.projectID);
     ShowRequiredMark(kDiameter, !check.diameter);

@@ -47,6 +47,7 @@ void WriteProject(const std::string& path, const std::vector<clsVirtualPropeller
     ASSERT_EQ(CreateNewProject(), 1);
     gUnits->SetPropLengthIndex(2);
     gProject->SetProjectID("IDEAL-4B");
+    gProject->SetCustomer("Test Shipping");
     gProject->SetMarkedDiameter(40.0);
     gProject->SetMarkedPitch("36");
     gISO484->SetISOClassIndex(1);

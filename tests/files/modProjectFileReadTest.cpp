@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include <regex>
 
 namespace corvane {
@@ -247,7 +249,7 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), "outside.cvrf");
     EXPECT_EQ(Notice(), "Missing or updated data items:\r\n\r\nBlock ReferenceBlade1 not found.");
 
-    // A ppp file is read again only through the PPP reader.
+    // A ppp file is taken again only when it is whole.
     const std::string pppPath = temp->File("design.PPP");
     test::WriteTextFile(pppPath, "[Prop Description]\r\nx\r\n");
     test::MakeFreshProject();
@@ -258,19 +260,16 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
     ASSERT_EQ(ReadProjectFile(path, false), 1);
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), "design.PPP");
 
-    std::int16_t bladesAsked = 0;
-    const PPPReferenceReader previous =
-        SetPPPReferenceReader([&](const std::string& file, clsPropeller& propeller, std::int16_t blades) {
-            EXPECT_EQ(file, pppPath);
-            bladesAsked = blades;
-            propeller.SetDiameter(42.0);
-            return 1;
-        });
+    std::filesystem::copy_file(std::string(CORVANE_SOURCE_DIR) + "/data/legacy/reference.ppp", pppPath,
+                               std::filesystem::copy_options::overwrite_existing);
+    test::MakeFreshProject();
+    test::FillSampleProject();
+    gProject->SetReferenceSourceFilePath(pppPath);
+    ASSERT_EQ(WriteProjectFile(path), 1);
     test::MakeFreshProject();
     ASSERT_EQ(ReadProjectFile(path, false), 1);
-    SetPPPReferenceReader(previous);
-    EXPECT_EQ(bladesAsked, 4);
-    EXPECT_EQ(gProject->ReferenceSource()->Diameter(), 42.0);
+    EXPECT_EQ(gProject->ReferenceSource()->Diameter(), 40.0);
+    EXPECT_EQ(gProject->ReferenceSource()->Blades(0)->SectionCount(), 5);
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), pppPath);
 }
 

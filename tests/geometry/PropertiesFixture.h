@@ -186,7 +186,7 @@ protected:
 
     // What pressing CHECK runs on scan 0; the checked scan, or null when the check refused it.
     std::shared_ptr<clsPropeller> Check(std::int32_t expectedStatus = 1) {
-        if (CheckScanData(0) != 1) {
+        if (CheckScanData(*gProject, 0) != 1) {
             return nullptr;
         }
         auto scan = gProject->PropellerScan(0);

@@ -29,7 +29,7 @@ TEST_F(CheckScan, AlignsScansOfEitherHandAndEveryBladeCount) {
             prop.BladeOffsetDeg = offsets;
             Sweep(prop);
             gProject->PropellerScan(0)->Blades(0)->SetGLPositionThetaDeg(7.0);
-            ASSERT_EQ(CheckScanData(0), 1);
+            ASSERT_EQ(CheckScanData(*gProject, 0), 1);
             ASSERT_TRUE(prompts.History().empty());
 
             auto scan = gProject->PropellerScan(0);
@@ -72,7 +72,7 @@ TEST_F(CheckScan, BackwardPointsCloseUpTheAnglesOnly) {
         for (int i = 0; i < 12; ++i) {
             section->SetRadius(i, 10.0 + i);
         }
-        ASSERT_EQ(CheckScanData(0), 1);
+        ASSERT_EQ(CheckScanData(*gProject, 0), 1);
         auto checked = gProject->PropellerScan(0)->Blades(0)->Section(2);
         ASSERT_EQ(checked->RawOffsetCount(), 10);
         const std::vector<int> kept = {0, 1, 2, 3, 4, 7, 8, 9, 10, 11};
@@ -92,7 +92,7 @@ TEST_F(CheckScan, ArmRadiusAtOrBelowZeroRefusesTheScan) {
         auto scan = Sweep(prop);
         scan->Blades(1)->Section(4)->SetRadius(3, bad);
         prompts.Expect(Answer::OK, "arm radius");
-        EXPECT_EQ(CheckScanData(0), 0);
+        EXPECT_EQ(CheckScanData(*gProject, 0), 0);
         ASSERT_EQ(prompts.History().size(), 1u);
         ExpectShown(prompts.History()[0], kRadiusError, "Scan Data Error",
                     MsgBox::OKOnly | MsgBox::Exclamation);
@@ -107,7 +107,7 @@ TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
     prop.BladeCount = 3;
     Sweep(prop)->Blades(1)->SetSectionCount(0);
     prompts.Expect(Answer::Yes, "Blade 3 has");
-    EXPECT_EQ(CheckScanData(0), 1);
+    EXPECT_EQ(CheckScanData(*gProject, 0), 1);
     ExpectShown(prompts.History().at(0), "Blade 3 has no sections. Do you wish to proceed?",
                 "Scan Data Warning...", MsgBox::YesNo | MsgBox::Exclamation);
 
@@ -115,7 +115,7 @@ TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
     Sweep(prop)->Blades(1)->SetSectionCount(0);
     prompts.Expect(Answer::No, "Blade 3 has");
     prompts.Expect(Answer::OK, "blade data");
-    EXPECT_EQ(CheckScanData(0), 0);
+    EXPECT_EQ(CheckScanData(*gProject, 0), 0);
     ExpectShown(prompts.History().at(1), kBladeError, "Scan Data Error",
                 MsgBox::OKOnly | MsgBox::Exclamation);
 
@@ -127,7 +127,7 @@ TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
         scan->Blades(3)->Section(row)->SetRawOffsetCount(0);
     }
     prompts.Expect(Answer::Yes, "Blades [2, 4] have");
-    EXPECT_EQ(CheckScanData(0), 1);
+    EXPECT_EQ(CheckScanData(*gProject, 0), 1);
     EXPECT_EQ(prompts.History().at(0).text, "Blades [2, 4] have no sections. Do you wish to proceed?");
 }
 
@@ -135,20 +135,19 @@ TEST_F(CheckScan, AScanWithoutDataIsRefused) {
     NewProject(0, 3);
     prompts.Expect(Answer::Yes, "Blades [1, 2, 3] have no sections.");
     prompts.Expect(Answer::OK, "no data");
-    EXPECT_EQ(CheckScanData(0), 0);
+    EXPECT_EQ(CheckScanData(*gProject, 0), 0);
     ASSERT_EQ(prompts.History().size(), 2u);
     ExpectShown(prompts.History()[1], kNoDataError, "Scan Data Error", MsgBox::OKOnly | MsgBox::Exclamation);
 }
 
 TEST_F(CheckScan, NoScanOrNoBladesIsRefusedSilently) {
-    EXPECT_EQ(CheckScanData(0), 0) << "no project";
     gProject = std::make_shared<clsCorvane>();
-    EXPECT_EQ(CheckScanData(0), 0) << "no scans";
+    EXPECT_EQ(CheckScanData(*gProject, 0), 0) << "no scans";
     NewProject(0, 3);
-    EXPECT_EQ(CheckScanData(1), 0);
-    EXPECT_EQ(CheckScanData(-1), 0);
+    EXPECT_EQ(CheckScanData(*gProject, 1), 0);
+    EXPECT_EQ(CheckScanData(*gProject, -1), 0);
     gProject->SetBladeCount(0);
-    EXPECT_EQ(CheckScanData(0), 0);
+    EXPECT_EQ(CheckScanData(*gProject, 0), 0);
     EXPECT_TRUE(prompts.History().empty());
 }
 

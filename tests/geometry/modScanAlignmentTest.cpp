@@ -47,7 +47,7 @@ TEST_F(ScanAlignment, ReviewFollowsEachBladeAndWindowsCrossZero) {
     SetSweep(*scan, 2, 7, {250, 270});
     SetSweep(*scan, 2, 6, {250, 270});
     SetSweep(*scan, 2, 5, {20, 40});
-    ASSERT_EQ(ReviewScanSweepAssignments(0), 1);
+    ASSERT_EQ(ReviewScanSweepAssignments(*gProject, 0), 1);
     ASSERT_NE(gProject->PropellerScan(0), scan) << "a changed scan is replaced";
     const double expected[3][3] = {{10, 350, 20}, {130, 130, 130}, {250, 250, 250}};
     for (int b = 0; b < 3; ++b) {
@@ -71,13 +71,13 @@ TEST_F(ScanAlignment, ReviewRepairsSwappedSweepsAlongASkewedBlade) {
     // only a slot that follows its blade row by row keeps the hub sweeps.
     prop.SkewDeg = {{0.3, 70.0}, {0.95, 0.0}};
     auto scan = Sweep(prop);
-    ASSERT_EQ(ReviewScanSweepAssignments(0), 1);
+    ASSERT_EQ(ReviewScanSweepAssignments(*gProject, 0), 1);
     EXPECT_EQ(gProject->PropellerScan(0), scan) << "nothing to repair, nothing replaced";
 
     auto wrong = scan->Blades(0)->Section(3);
     scan->Blades(0)->SetSection(3, scan->Blades(1)->Section(3));
     scan->Blades(1)->SetSection(3, wrong);
-    ASSERT_EQ(ReviewScanSweepAssignments(0), 1);
+    ASSERT_EQ(ReviewScanSweepAssignments(*gProject, 0), 1);
     ASSERT_NE(gProject->PropellerScan(0), scan);
     for (int b = 0; b < 4; ++b) {
         for (int row = 0; row < 8; ++row) {
@@ -91,7 +91,7 @@ TEST_F(ScanAlignment, ReviewRepairsSwappedSweepsAlongASkewedBlade) {
     scan = gProject->PropellerScan(0);
     scan->Blades(0)->SetSection(2, scan->Blades(1)->Section(2)->CopyClass());
     scan->Blades(1)->Section(2)->SetRawOffsetCount(0);
-    ASSERT_EQ(ReviewScanSweepAssignments(0), 1);
+    ASSERT_EQ(ReviewScanSweepAssignments(*gProject, 0), 1);
     EXPECT_EQ(At(0, 2)->RawOffsetCount(), 0);
     EXPECT_TRUE(SameAngle(At(1, 2)->ThetaDeg(0), prop.TrailingEdgeThetaDeg(1, 0.8)));
 }
@@ -106,7 +106,7 @@ TEST_F(ScanAlignment, AssignOrdersBladesFromBlade0AgainstRotationWithoutWrapping
             SetSweep(*scan, b, 0, {effective[b] - 5, effective[b] + 5});
         }
         scan->Blades(0)->SetGLPositionThetaDeg(33.0);
-        ASSERT_EQ(AssignScanDataToGL(0), 1);
+        ASSERT_EQ(AssignScanDataToGL(*gProject, 0), 1);
         auto aligned = gProject->PropellerScan(0);
         // Right hand: 360 (blade 0) goes below 460 (blade 2), then 310 (blade 1). Left hand:
         // 0, 310, 460 keep the blade order, and blade 0 keeps its GL.
@@ -121,21 +121,21 @@ TEST_F(ScanAlignment, AssignOrdersBladesFromBlade0AgainstRotationWithoutWrapping
     }
 }
 
-TEST_F(ScanAlignment, ShiftMovesTheLiveArmOnlyWhileTheBoxRuns) {
+TEST_F(ScanAlignment, ShiftMovesTheLiveArmWhenOneIsGiven) {
     clsVirtualPropeller prop;
     prop.BladeCount = 3;
     prop.FirstBladeThetaDeg = 20;
     prop.BladeOffsetDeg = {1.5};
-    std::vector<double> turns;
-    SetLiveArmShiftHandler([&](double turn) { turns.push_back(turn); });
-    for (std::int32_t mode : {1, 2}) {
-        gScanMode = mode;
+    struct Arm : ILiveArm {
+        std::vector<double> turns;
+        void TurnFrame(double turn) override { turns.push_back(turn); }
+    } arm;
+    for (ILiveArm* live : {static_cast<ILiveArm*>(nullptr), static_cast<ILiveArm*>(&arm)}) {
         Sweep(prop);
-        ASSERT_EQ(ShiftScanDataToGL(0), 1);
+        ASSERT_EQ(ShiftScanDataToGL(*gProject, 0, live), 1);
     }
-    SetLiveArmShiftHandler({});
-    ASSERT_EQ(turns.size(), 1u);
-    EXPECT_TRUE(SameAngle(turns[0], 21.5));
+    ASSERT_EQ(arm.turns.size(), 1u);
+    EXPECT_TRUE(SameAngle(arm.turns[0], 21.5));
     EXPECT_TRUE(SameAngle(At(0, 0)->ThetaDeg(0), prop.TrailingEdgeThetaDeg(0, 0.95) - 21.5));
 }
 

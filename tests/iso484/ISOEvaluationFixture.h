@@ -42,8 +42,6 @@ protected:
         gISO484->SetLinkedClasses(units);
         gProject->SetBladeCount(kBlades);
         gProject->SetPropellerScanCount(1);
-        gShowBladeFlags.fill(true);
-        gShowRadiusFlags.fill(true);
         UsePropeller(kDiameter, kPitch, kChord);
     }
 
@@ -120,53 +118,14 @@ protected:
         ISO().SetISOCriteriaIndex(criteria);
         ClearISOCriteriaStatus();
         SetISOStandardAndTolerances(ISO(), Project());
-        std::int16_t useRawEnds = 0;
-        ASSERT_EQ(CalculateAllISOData(useRawEnds), 1);
-        ASSERT_EQ(EvaluateISOCriteria(ISO()), 1);
-    }
-
-    std::int16_t BestClass(std::int16_t classIndex, std::int16_t criteria = 0) {
-        RunChain(classIndex, criteria);
-        propellerCode = -1;
-        return GetBestISOClass(0, ISOBelowSizeLimit(Project()), codes, propellerCode);
+        ASSERT_EQ(EvaluateISOCriteria(Project(), ISO()), 1);
     }
 
     std::int16_t Code(ISOClassRow row, int blade) const {
         return codes[static_cast<std::size_t>(row)][static_cast<std::size_t>(blade)];
     }
 
-    // Stand-ins for the geometry: the results above are what it would have computed.
-    ISOGeometrySteps StandIns() {
-        ISOGeometrySteps steps;
-        steps.CalculatePropellerProperties = [this](clsPropeller&, bool panelMode, bool setLimits) {
-            ++propertiesCalls;
-            lastPanelMode = panelMode;
-            lastSetLimits = setLimits;
-            return propertiesStatus;
-        };
-        steps.CalculateReferenceProperties = [this](std::int16_t&) { return referenceStatus; };
-        steps.CalcLocalPitchDeviations = [this](clsPropeller&, int b, int k, clsPropeller&) {
-            deviationCalls.push_back({b, k});
-            return deviationStatus;
-        };
-        steps.CalcSectionAxialDrop = [this](clsPropeller& p, int b, int k, double theta, double& result) {
-            dropAngles.push_back(theta);
-            result = p.Blades(b)->ISOTotalAxialRakeToBCL(k); // the rake set by hand stays
-            return 1;
-        };
-        return steps;
-    }
-
     std::shared_ptr<clsUnits> units = std::make_shared<clsUnits>();
-    ISOGeometryScope geometry{StandIns()};
-    std::int32_t propertiesStatus = 1;
-    std::int32_t referenceStatus = 1;
-    std::int32_t deviationStatus = 1;
-    int propertiesCalls = 0;
-    bool lastPanelMode = true;
-    bool lastSetLimits = false;
-    std::vector<std::pair<int, int>> deviationCalls;
-    std::vector<double> dropAngles;
     ISOClassCodes codes;
     std::int16_t propellerCode = -1;
 };

@@ -9,133 +9,6 @@ namespace corvane {
 namespace {
 
 using test::ISOEvaluationTest;
-using testing::Each;
-
-class BestClassTest : public ISOEvaluationTest {};
-
-TEST_F(BestClassTest, CleanPropellerReachesClassS) {
-    EXPECT_EQ(BestClass(0), 1);
-    EXPECT_EQ(propellerCode, 0);
-    for (int row = kISORowCoverage; row < kISOClassRows; ++row) {
-        EXPECT_THAT(codes[static_cast<std::size_t>(row)], Each(0)) << kISOClassRowNames[row];
-    }
-    std::string standard, sentence;
-    GetEvaluationSentence(standard, sentence, 1);
-    EXPECT_EQ(standard, "ISO 484-1  Primary");
-    EXPECT_EQ(sentence, "MEETS OR EXCEEDS CLASS S.");
-}
-
-// Each fault lands in the class whose tolerance it first fits, on its own blade and row only.
-TEST_F(BestClassTest, FaultsLandInTheClassTheirToleranceAllows) {
-    // Blade mean pitch 1.2 % off: beyond S (0.75 %) and 1 (1 %), within 2 (1.5 %).
-    ScanBlade(1).SetISOBladePitch(kPitch * 1.012);
-    // Blade 2 turned 1.5 degrees: beyond 1 degree (S, 1), within 2 (classes 2, 3).
-    TurnBlade(2, 1.5);
-    // Rake 40 mm off at r/R 0.7: beyond 15 (S) and 30 (1), within 45 (2).
-    ScanBlade(0).SetISOTotalAxialRakeToBCL(3, 30.0 + 40.0);
-    // Chord 14 mm long at r/R 0.9: beyond 12 (S, 1.5 %), within 16 (1, 2 %).
-    ScanBlade(3).SetChord(1, kChord + 14.0);
-
-    EXPECT_EQ(BestClass(1), 2);
-    EXPECT_EQ(Code(kISORowBladeMeanPitch, 1), 3);
-    EXPECT_EQ(Code(kISORowBladeMeanPitch, 0), 0);
-    EXPECT_EQ(Code(kISORowBladeSpacing, 2), 3);
-    // The neighbours see half the error on each side: 0.75 degrees is inside class S.
-    EXPECT_EQ(Code(kISORowBladeSpacing, 1), 0);
-    EXPECT_EQ(Code(kISORowBladeSpacing, 3), 0);
-    EXPECT_EQ(Code(kISORowRakePosition, 0), 3);
-    EXPECT_EQ(Code(kISORowRakePosition, 1), 0);
-    EXPECT_EQ(Code(kISORowChordLength, 3), 1);
-    EXPECT_EQ(Code(kISORowChordLength, 2), 0);
-    EXPECT_EQ(Code(kISORowOverall, 1), 0); // the blade row as a whole is never failed
-    EXPECT_EQ(propellerCode, 0);
-
-    std::string standard, sentence;
-    GetEvaluationSentence(standard, sentence, 2);
-    EXPECT_EQ(sentence, "Fails to meet Class 1.");
-    // Class 2 is what every fault allows: the verdict for it is a pass.
-    EXPECT_EQ(BestClass(3), 1);
-}
-
-TEST_F(BestClassTest, FaultBeyondEveryClassStaysAtTheWorstCode) {
-    ScanBlade(0).SetChord(1, kChord * 1.08); // class 3 allows 5 %
-    EXPECT_EQ(BestClass(4), 2);
-    EXPECT_EQ(Code(kISORowChordLength, 0), 4);
-}
-
-TEST_F(BestClassTest, PartialCoverageMeetsOnlyPartly) {
-    for (int k : {0, 2, 4, 6, 7}) {
-        DropSection(k);
-    }
-    EXPECT_EQ(BestClass(1), 3);
-    EXPECT_EQ(ISO().Results().CoverageCode, 4);
-    EXPECT_THAT(codes[kISORowCoverage], Each(4));
-    std::string standard, sentence;
-    GetEvaluationSentence(standard, sentence, 3);
-    EXPECT_EQ(sentence, "Partial scan meets Class 1.");
-
-    // Class 3 needs no more than rows 1, 3 and 5: a full pass.
-    EXPECT_EQ(BestClass(4), 1);
-}
-
-TEST_F(BestClassTest, CoverageOfASmallPropeller) {
-    UsePropeller(700.0, 500.0, 150.0); // ISO 484-2, below the 0.8 m size limit
-    for (int k : {0, 2, 4}) {
-        DropSection(k);
-    }
-    EXPECT_TRUE(ISOBelowSizeLimit(Project()));
-    EXPECT_EQ(BestClass(0), 3);
-    EXPECT_EQ(ISO().Results().CoverageCode, 2);
-
-    gShowBladeFlags[2] = false; // a blade left out is missing data
-    EXPECT_EQ(BestClass(0), 3);
-    EXPECT_EQ(Code(kISORowCoverage, 2), kISOCodeMissing);
-    EXPECT_EQ(Code(kISORowCoverage, 1), 2);
-}
-
-TEST_F(BestClassTest, SingleChannelDropLeavesRakeRowsNotApplicable) {
-    Scan().SetScanDrop(2);
-    ScanBlade(0).SetISOTotalAxialRakeToBCL(3, 30.0 + 200.0);
-    BestClass(0, 1);
-    for (int row : {kISORowRakePosition, kISORowRakeBetweenBlades, kISORowDeltaRake}) {
-        EXPECT_THAT(codes[static_cast<std::size_t>(row)], Each(kISOCodeNotApplicable))
-            << kISOClassRowNames[row];
-        EXPECT_EQ(kISOClassCellTexts[static_cast<std::size_t>(Code(static_cast<ISOClassRow>(row), 0))],
-                  std::string("-"));
-    }
-    EXPECT_THAT(codes[kISORowChordLength], Each(0));
-}
-
-TEST_F(BestClassTest, ProjectKeepsItsClassToleranceAndResults) {
-    ScanBlade(1).SetISOBladePitch(kPitch * 1.012);
-    RunChain(1, 1);
-    const double localPitchPercent = ISO().LocalPitchPercent();
-    const ISOWindow pitchWindow = ISO().Results().Blades[1].BladeMeanPitch;
-    gISOStatus[kISOStatusChord] = kISOCellFailed; // whatever the screen last showed
-    const auto statusBefore = gISOStatus;
-    const auto isoBefore = gISO484;
-
-    EXPECT_EQ(GetBestISOClass(0, false, codes, propellerCode), 2);
-    EXPECT_EQ(gISO484, isoBefore);
-    EXPECT_EQ(ISO().ISOClassIndex(), 1);
-    EXPECT_EQ(ISO().ISOCriteriaIndex(), 1);
-    EXPECT_DOUBLE_EQ(ISO().LocalPitchPercent(), localPitchPercent);
-    EXPECT_DOUBLE_EQ(ISO().Results().Blades[1].BladeMeanPitch.Upper, pitchWindow.Upper);
-    EXPECT_EQ(gISOStatus, statusBefore);
-    ASSERT_TRUE(ISO().Results().ClassCodesFound);
-    EXPECT_EQ(ISO().Results().ClassCodes[kISORowBladeMeanPitch][1], 3);
-    EXPECT_EQ(ISO().Results().BestClassResult, 2);
-    EXPECT_EQ(propertiesCalls, 5); // the chain above, then once per class tried
-}
-
-TEST_F(BestClassTest, WithoutReferenceNothingIsEvaluated) {
-    Project().SetReferenceSourceIndex(0);
-    ScanBlade(0).SetChord(2, kChord * 2.0);
-    EXPECT_EQ(BestClass(0), 0);
-    std::string standard, sentence;
-    GetEvaluationSentence(standard, sentence, 0);
-    EXPECT_EQ(sentence, "Scan not evaluated.");
-}
 
 class ClassStatusTest : public ISOEvaluationTest {};
 
@@ -145,44 +18,44 @@ TEST_F(ClassStatusTest, ISO4842FloorsPassASmallPropellerThatISO4841WouldFail) {
     ISO().SetISOClassIndex(0);
     SetISOStandardAndTolerances(ISO(), Project());
     ASSERT_EQ(ISO().ISOStandardIndex(), 1);
-    EvaluateISOCriteria(ISO());
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 1);
+    EvaluateISOCriteria(Project(), ISO());
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 1);
     EXPECT_DOUBLE_EQ(ISO().Results().Blades[1].BladeMeanPitch.Upper, 505.0);
 
     clsISO484 large;
     large.SetLinkedClasses(units);
     SetISOLargeClassSTolerances(large);
-    EXPECT_EQ(EvaluateClassStatus(large), 2);
+    EXPECT_EQ(EvaluateClassStatus(Project(), large), 2);
     // The floor belongs to the standard, not to the table: ISO 484-1 ignores it even when set.
     large.SetMeanPitchPerBladeTol(5.0);
-    EXPECT_EQ(EvaluateClassStatus(large), 2);
+    EXPECT_EQ(EvaluateClassStatus(Project(), large), 2);
 }
 
 TEST_F(ClassStatusTest, SectionsOutsideTheClassDoNotDecide) {
     ScanBlade(0).SetChord(0, kChord * 1.04); // r/R 0.95: required by classes S and 1 only
     RunChain(1);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 2);
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 2);
     RunChain(3);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 1);
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 1);
 }
 
 TEST_F(ClassStatusTest, LocalPitchAndContinuityDecideExceptInClass3) {
     auto s = ScanBlade(2).Section(3); // r/R 0.7, required by every class
     s->SetSegmentPanelPitch(1, kPitch * 1.06);
     RunChain(3);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 2);
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 2);
     RunChain(4);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 1);
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 1);
 
     s->SetSegmentPanelPitch(1, kPitch);
     s->SetSegmentOffsetDeviationSum(2, 0.025); // beyond 2 % of class 1
     RunChain(1, 0);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 1); // primary criteria only
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 1); // primary criteria only
     RunChain(1, 1);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 2);
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 2);
     ISOClassFlags flags;
     bool propellerOK = false;
-    EXPECT_EQ(EvaluateClassPerBlade(ISO(), 0, flags, propellerOK), 2);
+    EXPECT_EQ(EvaluateClassPerBlade(Project(), ISO(), 0, ISOSelection{}, flags, propellerOK), 2);
     EXPECT_FALSE(flags[kISORowPitchContinuitySum][2]);
     EXPECT_TRUE(flags[kISORowPitchContinuityDiff][2]);
     EXPECT_TRUE(propellerOK);
@@ -193,18 +66,19 @@ TEST_F(ClassStatusTest, RakeBetweenBladesAndProgressionNeverDecide) {
     ScanBlade(0).SetISOTotalAxialRakeToBCL(3, 30.0 + 10.0);
     ScanBlade(1).SetISOTotalAxialRakeToBCL(3, 30.0 - 10.0);
     RunChain(0, 1);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 1);
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 1);
     ISOClassFlags flags;
     bool propellerOK = false;
-    EXPECT_EQ(EvaluateClassPerBlade(ISO(), 0, flags, propellerOK), 1);
+    EXPECT_EQ(EvaluateClassPerBlade(Project(), ISO(), 0, ISOSelection{}, flags, propellerOK), 1);
     EXPECT_FALSE(flags[kISORowRakeBetweenBlades][0]);
     EXPECT_TRUE(flags[kISORowRakeBetweenBlades][1]);
     EXPECT_TRUE(flags[kISORowRakePosition][0]);
     EXPECT_EQ(gISOStatus[kISOStatusRakeBetweenBlades], kISOCellFailed);
 
-    gShowBladeFlags[2] = false; // blade 1 is compared with a blade left out
+    ISOSelection selection;
+    selection.blades[2] = false; // blade 1 is compared with a blade left out
     ScanBlade(1).SetISOTotalAxialRakeToBCL(3, 30.0);
-    EXPECT_EQ(EvaluateClassPerBlade(ISO(), 0, flags, propellerOK), 1);
+    EXPECT_EQ(EvaluateClassPerBlade(Project(), ISO(), 0, selection, flags, propellerOK), 1);
     EXPECT_FALSE(flags[kISORowRakeBetweenBlades][1]);
 }
 

@@ -40,7 +40,7 @@ TEST_F(EvaluatorTest, WithoutReferenceEveryWindowClosesOnTheValue) {
     EXPECT_EQ(l, u);
 
     RunChain(0, 1);
-    EXPECT_EQ(EvaluateClassStatus(ISO()), 0);
+    EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 0);
     const ISOResults& r = ISO().Results();
     EXPECT_TRUE(r.Blades[1].BladeSpacing->Pass);
     EXPECT_TRUE(r.Blades[1].Sections[2].ChordLength.Pass);

@@ -8,7 +8,6 @@
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
 #include "model/clsUnits.h"
-#include "reference/PPPPipeline.h"
 
 #include <cstdint>
 #include <fstream>
@@ -19,17 +18,12 @@
 namespace corvane::test {
 
 // A fresh inch project of 4 blades and 40 in marked diameter, without scans, as the program
-// has it when a reference is chosen; no pipeline steps installed.
+// has it when a reference is chosen.
 class PPPTest : public ServicesTest {
 protected:
     void SetUp() override {
         ServicesTest::SetUp();
-        SetPPPPipeline({});
         NewProject(0);
-    }
-    void TearDown() override {
-        SetPPPPipeline({});
-        ServicesTest::TearDown();
     }
 
     static void NewProject(std::int16_t rotation) {

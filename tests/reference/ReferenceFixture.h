@@ -4,13 +4,13 @@
 // the evaluation chain: scan 0 is the active scan, scan 1 (when asked for) a clean sweep that a
 // locked scan reference can be made from.
 
+#include "check/CalculationChain.h"
+#include "check/modISO484BestClass.h"
 #include "geometry/PropertiesFixture.h"
 #include "iso484/clsISO484.h"
 #include "iso484/modISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
-#include "reference/CalculationChain.h"
-#include "reference/PPPPipeline.h"
 #include "reference/modReferenceProperties.h"
 
 #include <memory>
@@ -20,17 +20,7 @@ namespace corvane::test {
 
 class ReferenceTest : public PropertiesTest {
 protected:
-    void SetUp() override {
-        PropertiesTest::SetUp();
-        InstallCalculationSteps();
-        gShowBladeFlags.fill(true);
-        gShowRadiusFlags.fill(true);
-    }
-    void TearDown() override {
-        SetISOGeometrySteps({});
-        SetPPPPipeline({});
-        PropertiesTest::TearDown();
-    }
+    void SetUp() override { PropertiesTest::SetUp(); }
 
     // A shop propeller of 3 m (ISO 484-1), four blades, pitch 2400 mm.
     static clsVirtualPropeller Shop(std::int16_t rotation = 0, std::int16_t blades = 4) {
@@ -66,7 +56,7 @@ protected:
         if (clean) {
             gProject->SetInternalScanSourceIndex(1);
             gProject->SetInternalScanIndex(1);
-            if (CheckScanData(1) != 1) {
+            if (CheckScanData(*gProject, 1) != 1) {
                 return false;
             }
             // Its blades were switched on when it was last the active scan and evaluated.
@@ -75,7 +65,7 @@ protected:
             }
         }
         // CalculateAllISOData measures the active scan before it asks for the reference.
-        return CheckScanData(0) == 1 &&
+        return CheckScanData(*gProject, 0) == 1 &&
                CalculatePropellerProperties(*gProject->PropellerScan(0), false, true) == 1;
     }
     bool Measure(const clsVirtualPropeller& prop, const clsVirtualPropeller* clean = nullptr) {
@@ -96,7 +86,7 @@ protected:
 
     static std::int16_t Calculate() {
         std::int16_t raw = 0;
-        return static_cast<std::int16_t>(CalculateReferenceProperties(raw));
+        return static_cast<std::int16_t>(CalculateReferenceProperties(*gProject, raw));
     }
 
     static clsPropeller& Active() { return *gProject->PropellerScan(0); }

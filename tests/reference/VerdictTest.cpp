@@ -30,7 +30,7 @@ protected:
     std::int16_t Verdict(std::int16_t classIndex) {
         gISO484->SetISOClassIndex(classIndex);
         std::int16_t verdict = -1;
-        EXPECT_EQ(RunISOEvaluationChain(verdict), 1);
+        EXPECT_EQ(RunISOEvaluationChain(*gProject, *gISO484, verdict), 1);
         return verdict;
     }
 
@@ -38,7 +38,8 @@ protected:
     std::int16_t Best(std::int16_t classIndex) {
         gISO484->SetISOClassIndex(classIndex);
         propellerCode = -1;
-        return GetBestISOClass(0, ISOBelowSizeLimit(*gProject), codes, propellerCode);
+        return GetBestISOClass(*gProject, *gISO484, 0, ISOSelection{}, ISOBelowSizeLimit(*gProject), codes,
+                               propellerCode);
     }
 
     std::int16_t Code(ISOClassRow row, int slot) const {
@@ -186,7 +187,7 @@ TEST_F(VerdictTest, EveryReferenceSourceGivesTheSameVerdictForTheSameGeometry) {
 
         // The reference as Corvane writes it: a cvrf file of the scan reference, and a ppp export.
         std::int16_t raw = 0;
-        ASSERT_EQ(CalculateReferenceProperties(raw), 1);
+        ASSERT_EQ(CalculateReferenceProperties(*gProject, raw), 1);
         bool flag = false;
         std::string text;
         const std::string cvrf = temp->File("reference.cvrf");
@@ -364,7 +365,7 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
         }
         std::int16_t verdict = -1;
         gISO484->SetISOClassIndex(0);
-        EXPECT_EQ(RunISOEvaluationChain(verdict), 1);
+        EXPECT_EQ(RunISOEvaluationChain(*gProject, *gISO484, verdict), 1);
         EXPECT_EQ(gProject->ReferenceSourceIndex(), c.kept);
         if (c.best >= 0) {
             EXPECT_EQ(Best(0), c.best);

@@ -208,14 +208,5 @@ TEST_F(PPPTest, DamagedCountsAndMissingFilesFailCleanly) {
     EXPECT_EQ(prompts.History().back().kind, ScriptedPrompts::Kind::CriticalError);
 }
 
-TEST_F(PPPTest, ProjectsReadPPPReferencesThroughTheInstalledReader) {
-    InstallPPPReferenceReader();
-    const PPPReferenceReader reader = SetPPPReferenceReader({});
-    ASSERT_TRUE(reader);
-    clsPropeller p;
-    EXPECT_EQ(reader(Data("basic.ppp"), p, 4), 1);
-    ExpectBasicData(p);
-}
-
 } // namespace
 } // namespace corvane

@@ -3,7 +3,6 @@
 #include "acquisition/DemoProject.h"
 #include "files/modLockFile.h"
 #include "iso484/clsISO484.h"
-#include "iso484/modISO484Data.h"
 #include "model/clsBlades.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
@@ -35,20 +34,6 @@ protected:
         ASSERT_EQ(BuildDemoProject(12), 1);
         window->ProjectPage().RefreshProjectFormData();
         window->SetBladeButtonState(0);
-    }
-
-    // Geometry that leaves the scan as it is, so that a scan with a blade never measured gets
-    // through the calculations: only the blade switching of the window is looked at here.
-    static ISOGeometrySteps PassingGeometry() {
-        ISOGeometrySteps steps;
-        steps.CalculatePropellerProperties = [](clsPropeller&, bool, bool) { return 1; };
-        steps.CalculateReferenceProperties = [](std::int16_t&) { return 0; };
-        steps.CalcLocalPitchDeviations = [](clsPropeller&, int, int, clsPropeller&) { return 1; };
-        steps.CalcSectionAxialDrop = [](clsPropeller&, int, int, double, double& drop) {
-            drop = 0;
-            return 1;
-        };
-        return steps;
     }
 
     // A blade that was never measured: it takes no part in the evaluation.
@@ -167,7 +152,6 @@ TEST_F(MainWindowTest, CheckButtonWithoutScansGoesToTheScanPageSilently) {
 }
 
 TEST_F(MainWindowTest, CheckPageShowsTheEnabledBladesAndDropsAnUnusableReferenceWithoutDirtying) {
-    ISOGeometryScope geometry(PassingGeometry());
     UseDemoProject();
     ClearBlade(2);
     gProject->SetReferenceSourceIndex(1);
@@ -191,7 +175,6 @@ TEST_F(MainWindowTest, CheckPageShowsTheEnabledBladesAndDropsAnUnusableReference
 }
 
 TEST_F(MainWindowTest, BladeButtonsOnTheCheckPageSwitchBladesAndIgnoreDisabledOnes) {
-    ISOGeometryScope geometry(PassingGeometry());
     UseDemoProject();
     ClearBlade(3);
     // The check numbers the blades against rotation: the demo's stored blade 4 stands where

@@ -1,4 +1,10 @@
-#include "iso484/modISO484Data.h"
+#include "check/modISO484Data.h"
+
+#include "geometry/clsSplineFitCache.h"
+#include "geometry/modLocalPitch.h"
+#include "geometry/modPropellerProperties.h"
+#include "geometry/modScanDataUtilities.h"
+#include "reference/modReferenceProperties.h"
 
 #include <memory>
 #include <string>
@@ -25,18 +31,6 @@ constexpr const char* kDeviationMessage =
 constexpr const char* kBCLRakeMessage =
     "An error occurred calculating the axial rake at the BCL position defined by the reference data.";
 
-ISOGeometrySteps& InstalledSteps() {
-    static ISOGeometrySteps steps;
-    return steps;
-}
-
-template <class F> const F& Require(const F& step) {
-    if (!step) {
-        throw CorvaneError(ErrorNumber::InvalidProcedureCall, "The geometry routines are not installed");
-    }
-    return step;
-}
-
 // A section that has been swept: one point alone carries no measure.
 bool Measured(clsBlades& blade, int section) {
     return blade.Section(section)->RawOffsetCount() > 1;
@@ -55,7 +49,6 @@ bool ReferenceUsable(const clsCorvane& project, const clsPropeller& scan) {
 // Deviations and the rake at the reference's BCL angle, for every section measured on both.
 // Returns the message of the first failure, or nullptr.
 const char* CompareWithReference(clsPropeller& scan, clsPropeller& reference) {
-    const ISOGeometrySteps& steps = GetISOGeometrySteps();
     for (int b = 0; b < scan.BladeCount(); ++b) {
         auto blade = scan.Blades(b);
         auto refBlade = reference.Blades(b);
@@ -63,12 +56,11 @@ const char* CompareWithReference(clsPropeller& scan, clsPropeller& reference) {
             if (!Measured(*blade, k) || !Measured(*refBlade, k)) {
                 continue;
             }
-            if (Require(steps.CalcLocalPitchDeviations)(scan, b, k, reference) != 1) {
+            if (CalcLocalPitchDeviations(scan, b, k, reference) != 1) {
                 return kDeviationMessage;
             }
             double rake = 0.0;
-            if (Require(steps.CalcSectionAxialDrop)(scan, b, k, refBlade->ISOTotalThetaDegToBCL(k), rake) !=
-                1) {
+            if (CalcSectionAxialDrop(scan, b, k, refBlade->ISOTotalThetaDegToBCL(k), rake) != 1) {
                 return kBCLRakeMessage;
             }
             blade->SetISOTotalAxialRakeToBCL(k, rake);
@@ -79,7 +71,6 @@ const char* CompareWithReference(clsPropeller& scan, clsPropeller& reference) {
 
 // Without a reference the BCL of a section is the mid-angle of its raw ends about the GL.
 const char* TakeOwnBCL(clsPropeller& scan) {
-    const ISOGeometrySteps& steps = GetISOGeometrySteps();
     for (int b = 0; b < scan.BladeCount(); ++b) {
         auto blade = scan.Blades(b);
         const double gl = blade->GLPositionThetaDeg();
@@ -93,7 +84,7 @@ const char* TakeOwnBCL(clsPropeller& scan) {
             const double theta = Wrap360((te + le) / 2.0 + gl);
             blade->SetISOTotalThetaDegToBCL(k, theta);
             double rake = 0.0;
-            if (Require(steps.CalcSectionAxialDrop)(scan, b, k, theta, rake) != 1) {
+            if (CalcSectionAxialDrop(scan, b, k, theta, rake) != 1) {
                 return kBCLRakeMessage;
             }
             blade->SetISOTotalAxialRakeToBCL(k, rake);
@@ -104,37 +95,13 @@ const char* TakeOwnBCL(clsPropeller& scan) {
 
 } // namespace
 
-void SetISOGeometrySteps(ISOGeometrySteps steps) {
-    InstalledSteps() = std::move(steps);
-}
-
-const ISOGeometrySteps& GetISOGeometrySteps() {
-    return InstalledSteps();
-}
-
-std::shared_ptr<void> HoldISOGeometryFits() {
-    const ISOGeometrySteps& steps = GetISOGeometrySteps();
-    return steps.HoldFits ? steps.HoldFits() : nullptr;
-}
-
-ISOGeometryScope::ISOGeometryScope(ISOGeometrySteps steps) : previous_(InstalledSteps()) {
-    InstalledSteps() = std::move(steps);
-}
-
-ISOGeometryScope::~ISOGeometryScope() {
-    InstalledSteps() = std::move(previous_);
-}
-
-std::int32_t CalculateAllISOData(std::int16_t& useRawEnds) {
+std::int32_t CalculateAllISOData(clsCorvane& project, std::int16_t& useRawEnds) {
     ErrorTail tail("calculating all ISO data");
     // The scan's raw curves are read again by the reference and the comparison with it.
-    const std::shared_ptr<void> fits = HoldISOGeometryFits();
+    const std::shared_ptr<void> fits = HoldSplineFits();
     std::shared_ptr<clsPropeller> scan;
     const bool ready = tail.Step([&] {
-        if (!gProject) {
-            throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
-        }
-        scan = gProject->PropellerScan(gProject->ActiveScanIndex());
+        scan = project.PropellerScan(project.ActiveScanIndex());
         if (!scan) {
             throw CorvaneError(kObjectNotSet, "Object variable or With block variable not set");
         }
@@ -152,19 +119,14 @@ std::int32_t CalculateAllISOData(std::int16_t& useRawEnds) {
     }
 
     std::int32_t status = 0;
-    if (!tail.Step([&] {
-            status = Require(GetISOGeometrySteps().CalculatePropellerProperties)(*scan, false, true);
-        }) ||
-        status != 1) {
+    if (!tail.Step([&] { status = CalculatePropellerProperties(*scan, false, true); }) || status != 1) {
         return 0;
     }
 
     // The reference is optional: whatever keeps it from being calculated leaves the scan to be
     // shown on its own, without a further word.
-    clsCorvane& project = *gProject;
-    if (!tail.Step(
-            [&] { status = Require(GetISOGeometrySteps().CalculateReferenceProperties)(useRawEnds); }) ||
-        status != 1 || !ReferenceUsable(project, *scan)) {
+    if (!tail.Step([&] { status = CalculateReferenceProperties(project, useRawEnds); }) || status != 1 ||
+        !ReferenceUsable(project, *scan)) {
         if (tail.Aborted()) {
             return 0;
         }
