@@ -16,6 +16,7 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modReferenceSource.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
 #include "support/Services.h"
@@ -130,13 +131,14 @@ std::int32_t CalculateAllISOData(clsCorvane& project, std::int16_t& useRawEnds) 
         if (tail.Aborted()) {
             return 0;
         }
-        project.SetReferenceSourceIndex(0);
+        project.SetReferenceSourceIndex(kReferenceNone);
     }
 
     const char* failure = nullptr;
     const bool done = tail.Step([&] {
-        failure = project.ReferenceSourceIndex() != 0 ? CompareWithReference(*scan, *project.ReferenceScan())
-                                                      : TakeOwnBCL(*scan);
+        failure = project.ReferenceSourceIndex() != kReferenceNone
+                      ? CompareWithReference(*scan, *project.ReferenceScan())
+                      : TakeOwnBCL(*scan);
     });
     if (!done) {
         return 0;

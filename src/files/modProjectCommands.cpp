@@ -7,6 +7,7 @@
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "model/clsUnits.h"
+#include "model/modReferenceSource.h"
 #include "support/ErrorTail.h"
 #include "support/Services.h"
 #include "support/modNVSystemUtilities.h"
@@ -112,7 +113,7 @@ int CreateNewProject() {
         gProject->SetBladeCount(4);
         gProject->SetPropellerScanCount(0);
         gProject->SetProjectScanCount(0);
-        gProject->SetReferenceSourceIndex(0);
+        gProject->SetReferenceSourceIndex(kReferenceNone);
         gProject->SetReferenceScanBladesEnabled(0, 1);
     });
     tail.Step([] {

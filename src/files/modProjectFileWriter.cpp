@@ -211,9 +211,9 @@ void WriteReference(BlockWriter& w) {
     const clsCorvane& project = *gProject;
     const std::int16_t source = project.ReferenceSourceIndex();
     std::shared_ptr<clsPropeller> reference;
-    if (source == 1) {
+    if (source == kReferenceScan) {
         reference = project.ReferenceScan();
-    } else if (source == 2 || source == 3) {
+    } else if (IsFileReference(source)) {
         reference = project.ReferenceSource();
     }
     if (!reference) {

@@ -16,6 +16,7 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modReferenceSource.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
 
@@ -104,7 +105,7 @@ bool SpacingPasses(const clsISO484& iso, const clsCorvane& project, int scanInde
 
 bool RakeBetweenPasses(const clsCorvane& project, double lower, double upper, double rake, double otherRake) {
     const double value = rake - otherRake;
-    if (project.ReferenceSourceIndex() == 0) {
+    if (project.ReferenceSourceIndex() == kReferenceNone) {
         return true;
     }
     const double half = (upper - lower) / 2.0;
@@ -229,7 +230,7 @@ std::int16_t EvaluateClassStatus(const clsCorvane& project, const clsISO484& iso
     ErrorTail tail("evaluating the ISO class status");
     std::int16_t code = 0;
     tail.Step([&] {
-        if (project.ReferenceSourceIndex() == 0) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             code = 0;
             return;
         }
@@ -313,7 +314,7 @@ std::int16_t EvaluateClassPerBlade(const clsCorvane& project, const clsISO484& i
                 }
             }
         }
-        code = project.ReferenceSourceIndex() == 0 ? 0 : (failed ? 2 : 1);
+        code = project.ReferenceSourceIndex() == kReferenceNone ? 0 : (failed ? 2 : 1);
     });
     return code;
 }

@@ -11,6 +11,7 @@
 #include "model/clsCorvane.h"
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
+#include "model/modReferenceSource.h"
 #include "support/ErrorTail.h"
 
 namespace corvane {
@@ -42,7 +43,7 @@ class CriteriaWalk {
 public:
     CriteriaWalk(clsISO484& iso, const clsCorvane& project, int scanIndex, clsPropeller& scan)
         : iso_(iso), project_(project), scanIndex_(scanIndex), scan_(scan),
-          noReference_(project.ReferenceSourceIndex() == 0) {}
+          noReference_(project.ReferenceSourceIndex() == kReferenceNone) {}
 
     void Run(ISOResults& results) {
         double l = 0, u = 0, v = 0;

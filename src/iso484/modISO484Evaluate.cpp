@@ -14,6 +14,7 @@
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
 #include "model/modBladeCoverage.h"
+#include "model/modReferenceSource.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
 
@@ -23,8 +24,6 @@ namespace {
 
 constexpr int kObjectNotSet = 91;
 constexpr std::int16_t kStandardSmall = 1;
-constexpr std::int16_t kNoReference = 0;
-constexpr std::int16_t kReferenceFromScan = 1;
 constexpr std::int16_t kVariablePitch = 1;
 // Two r/R values this close name the same section row.
 constexpr double kRowTolerance = 0.01;
@@ -166,12 +165,12 @@ template <class Measure, class HalfWidth>
 void SectionWindow(const clsCorvane& project, int scanIndex, int blade, Measure measure, HalfWidth halfWidth,
                    double& lower, double& upper, double& value) {
     const double measured = measure(*ScanOf(project, scanIndex)->Blades(blade));
-    if (project.ReferenceSourceIndex() == kNoReference) {
+    if (project.ReferenceSourceIndex() == kReferenceNone) {
         Store({measured, measured, measured}, lower, upper, value);
         return;
     }
     auto reference = ReferenceOf(project);
-    const double target = project.ReferenceSourceIndex() == kReferenceFromScan
+    const double target = project.ReferenceSourceIndex() == kReferenceScan
                               ? MeanOverEnabled(*reference, measure)
                               : measure(FileReferenceBlade(*reference, blade));
     Store(Around(target, halfWidth(target), measured), lower, upper, value);
@@ -183,13 +182,13 @@ std::int32_t EvaluatePropellerMeanPitch(const clsISO484& iso, const clsCorvane& 
                                         double& lower, double& upper, double& value) {
     return Run("evaluating propeller mean pitch", [&] {
         const double measured = ScanOf(project, scanIndex)->ISOPropellerPitch();
-        if (project.ReferenceSourceIndex() == kNoReference) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             Store({measured, measured, measured}, lower, upper, value);
             return true;
         }
         auto reference = ReferenceOf(project);
         const double target =
-            project.ReferenceSourceIndex() == kReferenceFromScan
+            project.ReferenceSourceIndex() == kReferenceScan
                 ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
                 : reference->ISOPropellerPitch();
         const double width = ApplyFloor(iso, target * iso.MeanPitchOfPropPercent(), iso.MeanPitchOfPropTol());
@@ -202,7 +201,7 @@ std::int32_t EvaluateMaxDiameter(const clsISO484& iso, const clsCorvane& project
                                  double& lower, double& upper, double& value) {
     return Run(BladeContext(blade, " max diameter"), [&] {
         const double measured = ScanOf(project, scanIndex)->Blades(blade)->BladeDiameter();
-        if (project.ReferenceSourceIndex() == kNoReference) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             Store({measured, measured, measured}, lower, upper, value);
             return true;
         }
@@ -210,7 +209,7 @@ std::int32_t EvaluateMaxDiameter(const clsISO484& iso, const clsCorvane& project
         // From another scan the target is this blade's own reference diameter; the mean over
         // the enabled blades adds that one value each time.
         const double own = reference->Blades(blade)->BladeDiameter();
-        const double target = project.ReferenceSourceIndex() == kReferenceFromScan
+        const double target = project.ReferenceSourceIndex() == kReferenceScan
                                   ? MeanOverEnabled(*reference, [own](clsBlades&) { return own; })
                                   : reference->Diameter();
         const double width = ApplyFloor(iso, 2.0 * iso.ScrewRadiusPercent() * target, iso.ScrewRadiusTol());
@@ -223,13 +222,13 @@ std::int32_t EvaluateBladeMeanPitch(const clsISO484& iso, const clsCorvane& proj
                                     double& lower, double& upper, double& value) {
     return Run(BladeContext(blade, " mean pitch"), [&] {
         const double measured = ScanOf(project, scanIndex)->Blades(blade)->ISOBladePitch();
-        if (project.ReferenceSourceIndex() == kNoReference) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             Store({measured, measured, measured}, lower, upper, value);
             return true;
         }
         auto reference = ReferenceOf(project);
         const double target =
-            project.ReferenceSourceIndex() == kReferenceFromScan
+            project.ReferenceSourceIndex() == kReferenceScan
                 ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
                 : FileReferenceBlade(*reference, blade).ISOBladePitch();
         const double width =
@@ -243,12 +242,12 @@ std::int32_t EvaluateNoseTailPitch(const clsISO484& iso, const clsCorvane& proje
                                    int section, double& lower, double& upper, double& value) {
     return Run(SectionContext(blade, section, " nose-tail pitch"), [&] {
         const double measured = ScanOf(project, scanIndex)->Blades(blade)->Pitch(section);
-        if (project.ReferenceSourceIndex() == kNoReference) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             Store({measured, measured, measured}, lower, upper, value);
             return true;
         }
         auto reference = ReferenceOf(project);
-        const double target = project.ReferenceSourceIndex() == kReferenceFromScan
+        const double target = project.ReferenceSourceIndex() == kReferenceScan
                                   ? SectionPitchTarget(project, section)
                                   : FileReferenceBlade(*reference, blade).Pitch(section);
         const double width = ApplyFloor(iso, target * iso.MeanPitchPerRadPercent() * InnerFactor(section),
@@ -265,13 +264,13 @@ std::int32_t EvaluateLocalPitch(const clsISO484& iso, const clsCorvane& project,
     return Run(context, [&] {
         const double measured =
             ScanOf(project, scanIndex)->Blades(blade)->Section(section)->SegmentPanelPitch(segment);
-        if (project.ReferenceSourceIndex() == kNoReference) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             Store({measured, measured, measured}, lower, upper, value);
             return true;
         }
         auto reference = ReferenceOf(project);
         double target = 0.0;
-        if (project.ReferenceSourceIndex() != kReferenceFromScan) {
+        if (project.ReferenceSourceIndex() != kReferenceScan) {
             target = FileReferenceBlade(*reference, blade).Section(section)->SegmentPanelPitch(segment);
         } else if (project.ReferenceLocalPitchIndex() == kCamberedFace) {
             double sum = 0.0;
@@ -365,7 +364,7 @@ std::int32_t EvaluateBladeSpacing(const clsISO484& iso, const clsCorvane& projec
         const double dNext = deviation(nextAngle, own, nextSlots);
         toPrev = dPrev;
         toNext = dNext;
-        if (project.ReferenceSourceIndex() == kNoReference) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             lower = upper = (dPrev - dNext) / 2.0;
         } else {
             lower = -iso.AngDeviationTol();
@@ -395,9 +394,9 @@ std::int32_t EvaluateLEPosition(const clsISO484& iso, const clsCorvane& project,
         }
         const double cosPhi = std::cos(phi * gDegToRad);
         Window w{arc, arc, arc};
-        if (project.ReferenceSourceIndex() != kNoReference) {
+        if (project.ReferenceSourceIndex() != kReferenceNone) {
             auto refBlade = ReferenceOf(project)->Blades(blade);
-            const double target = project.ReferenceSourceIndex() == kReferenceFromScan
+            const double target = project.ReferenceSourceIndex() == kReferenceScan
                                       ? refBlade->Section(section)->ISOLEArcLengthPerSection()
                                       : LEArc(*refBlade, section, diameter, leftHand);
             if (project.BladeCount() <= 0) {
@@ -430,7 +429,7 @@ std::int32_t EvaluateDeltaRake(const clsISO484& iso, const clsCorvane& project, 
         auto scanBlade = ScanOf(project, scanIndex)->Blades(blade);
         const double measured = rakeA - rakeB;
         const double where = (scanBlade->RadialPos(sectionA) + scanBlade->RadialPos(sectionB)) / 2.0;
-        if (project.ReferenceSourceIndex() == kNoReference) {
+        if (project.ReferenceSourceIndex() == kReferenceNone) {
             Store({measured, measured, measured}, lower, upper, value);
         } else {
             const double target = (lowerA + upperA) / 2.0 - (lowerB + upperB) / 2.0;
@@ -450,7 +449,7 @@ std::int32_t EvaluatePitchContinuity(const clsISO484& iso, const clsCorvane& pro
         const double sum = s->SegmentOffsetDeviationSum(station);
         const double diff = s->SegmentOffsetDeviationDiff(station);
         const double limit = iso.LocalPitchPercent();
-        const bool none = project.ReferenceSourceIndex() == kNoReference;
+        const bool none = project.ReferenceSourceIndex() == kReferenceNone;
         sumOK = none || std::fabs(sum) <= limit;
         diffOK = none || std::fabs(diff) <= limit;
         bothOK = sumOK && diffOK;

@@ -9,6 +9,7 @@
 #include "model/Globals.h"
 #include "model/clsSection.h"
 #include "model/modBladeCoverage.h"
+#include "model/modReferenceSource.h"
 #include "model/modUtilities.h"
 #include "reference/ReferenceRun.h"
 #include "reference/modImportFile.h"
@@ -283,19 +284,19 @@ std::int32_t CalculateReferenceProperties(clsCorvane& project, std::int16_t& use
             throw CorvaneError(detail::kObjectNotSet, "Object variable or With block variable not set");
         }
         const std::int16_t source = project.ReferenceSourceIndex();
-        if (source == 0) {
+        if (source == kReferenceNone) {
             project.SetReferenceScan(project.PropellerScan(project.InternalScanIndex())->CopyClass());
             done = true;
             return;
         }
         detail::ReferenceRun run(project, detail::IsSet(useRawEnds));
-        if (source == 1 ? !run.FromScan() : !run.FromFile()) {
+        if (source == kReferenceScan ? !run.FromScan() : !run.FromFile()) {
             return;
         }
         if (!run.FinishBCL() || !run.FinishPitch()) {
             return;
         }
-        if (source == 1) {
+        if (source == kReferenceScan) {
             run.ShareLEArcs();
         }
         done = true;

@@ -3,6 +3,7 @@
 #include "model/AppVersion.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
+#include "model/modReferenceSource.h"
 #include "shell/CheckPageController.h"
 #include "shell/MenuController.h"
 #include "shell/UnavailablePage.h"
@@ -34,7 +35,7 @@ void ToolsCommands::mnuToolsOpenReferencePage_Click() {
         return;
     }
     if (gProject->PropellerScanCount() <= 0) {
-        gProject->SetReferenceSourceIndex(0);
+        gProject->SetReferenceSourceIndex(kReferenceNone);
         Prompts().MessageBox("No scans are availible ", MsgBox::OKOnly, gAppTitle);
         return;
     }
