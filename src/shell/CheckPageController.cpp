@@ -1,10 +1,9 @@
 #include "shell/CheckPageController.h"
 
-#include "geometry/modCheckScanData.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "reference/CalculationChain.h"
-#include "shell/ProjectPageController.h"
+#include "shell/MainToolStrip.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
 
@@ -48,29 +47,18 @@ CheckPageController::CheckPageController(frmCorvane& window) : window_(window) {
         QStringLiteral("Graphs of pitch, rake, skew and chord, the reference and the ISO 484 classes."));
 }
 
-GateOutcome CheckPageController::PassGates(bool forReport) {
-    if (window_.ProjectPage().CheckProjectData(false) != 1) {
-        return GateOutcome::ToProjectPage;
-    }
-    if (CheckScanData(gProject->ActiveScanIndex()) != 1) {
-        return GateOutcome::ToScanPage;
-    }
-    // Without a usable reference the pages show the scan alone. Not a change the user made, so
-    // the project does not count as changed.
-    if (CheckReferenceSettings() != 1) {
-        gProject->SetReferenceSourceIndex(0);
-    }
-    if (forReport && window_.ActivePage() == frmCorvane::PageCheck) {
-        return GateOutcome::Open;
-    }
-    if (RunPropertyCalculations() != 1) {
-        if (forReport) {
-            gProject->SetReferenceSourceIndex(0);
-            return GateOutcome::Open;
-        }
-        return GateOutcome::ToScanPage;
-    }
-    return GateOutcome::Open;
+void CheckPageController::Enter() {
+    window_.ShowEnabledBlades();
+    window_.SetBladeButtonState(2);
+    window_.Lock_Controls();
+    Refresh();
+    window_.UnLock_Controls();
+    window_.ctlAll_Raise();
+    window_.ctlAll_UpdateDisplay();
+}
+
+void CheckPageController::Leave() {
+    window_.ToolStrip().ctlAll->SetClickAction(ctlPanelButton::ClickRadio);
 }
 
 void CheckPageController::DepressPanels(int bladeViewMode) {
