@@ -1,6 +1,7 @@
 #include "shell/ProjectPageController.h"
 
 #include "model/Globals.h"
+#include "shell/PageNavigator.h"
 #include "shell/frmCorvane.h"
 #include "shell/frmPageProject.h"
 
@@ -20,6 +21,8 @@ ProjectPageController::ProjectPageController(frmCorvane& window)
     });
     QObject::connect(page_, &frmPageProject::titleChanged, page_,
                      [&window] { window.UpdateTitlebarCaption(); });
+    QObject::connect(page_, &frmPageProject::projectChanged, page_,
+                     [&window] { window.Navigator().NotifyStateChanged(); });
 }
 
 QWidget* ProjectPageController::Widget() const {
