@@ -1,31 +1,27 @@
 #pragma once
 
-class QWidget;
+#include "shell/IPage.h"
 
 namespace corvane {
 
 class frmCorvane;
 
-// Where a page button goes after the gates in front of the Check and Report pages.
-enum class GateOutcome {
-    Open,          // every gate passed: the page opens
-    ToProjectPage, // a required project field is missing
-    ToScanPage,    // the scan is not usable, or its calculation failed
-};
-
-// The Check page inside the main window, and the gates in front of it. Until the graphs arrive
-// the page says that it is not available yet; the hooks the tool strip calls are here already.
-class CheckPageController {
+// The Check page inside the main window. Until the graphs arrive the page says that it is not
+// available yet; the hooks the tool strip calls are here already.
+class CheckPageController : public IPage {
 public:
     explicit CheckPageController(frmCorvane& window);
 
     QWidget* Page() const { return page_; }
 
-    // The gates of the CHECK button, in order: the project fields, the scan, the reference
-    // (a failure drops the reference and goes on), the calculations. forReport: the gates of
-    // the REPORT button, where a failed calculation drops the reference too and the report
-    // still opens, and where nothing is calculated again when the Check page was open.
-    GateOutcome PassGates(bool forReport);
+    // IPage. Entering shows the enabled blades pressed and draws the graphs with the tool strip
+    // locked; leaving gives ctlAll its radio click back.
+    QWidget* Widget() const override { return page_; }
+    PageGate Gate() const override { return PageGate::Check; }
+    void Enter() override;
+    void Leave() override;
+    void Refresh() override { Redraw(); }
+    PageMenus Menus() const override { return {.scan = false, .check = true, .tools = true}; }
 
     // The page's graph view (ActiveGraphModeIndex); 1 shows one blade at a time.
     int ActiveGraphModeIndex() const { return 0; }

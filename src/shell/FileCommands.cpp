@@ -5,6 +5,7 @@
 #include "library/modLibraryOpen.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
+#include "shell/PageNavigator.h"
 #include "shell/ProjectPageController.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
@@ -197,6 +198,7 @@ void FileCommands::ShowNewProject() {
     window_.ProjectPage().RefreshProjectFormData();
     window_.UpdateTitlebarCaption();
     window_.SetBladeButtonState(0);
+    window_.Navigator().NotifyStateChanged();
 }
 
 void FileCommands::MarkSaveAsFields(bool diameterMissing, bool customerMissing) {

@@ -62,7 +62,8 @@ MainToolStrip::MainToolStrip(QWidget* parent) : QWidget(parent) {
     ctlScanButton = MakeButton(QStringLiteral("SCAN"), QStringLiteral("ctlScanButton"), kPageButtonTwips);
     ctlCheckButton = MakeButton(QStringLiteral("CHECK"), QStringLiteral("ctlCheckButton"), kPageButtonTwips);
     ctlDocsButton = MakeButton(QStringLiteral("REPORT"), QStringLiteral("ctlDocsButton"), kPageButtonTwips);
-    for (int page = 0; page < 4; ++page) {
+    pageButtons_ = {ctlProjButton, ctlScanButton, ctlCheckButton, ctlDocsButton};
+    for (int page = 0; page < PageButtonCount(); ++page) {
         ctlPanelButton* button = PageButton(page);
         button->setToolTip(QStringLiteral("Open the %1 page").arg(button->Caption()));
         row->addWidget(button);
@@ -107,20 +108,11 @@ ctlPanelButton* MainToolStrip::MakeButton(const QString& caption, const QString&
 }
 
 ctlPanelButton* MainToolStrip::PageButton(int page) const {
-    switch (page) {
-    case 0:
-        return ctlProjButton;
-    case 1:
-        return ctlScanButton;
-    case 2:
-        return ctlCheckButton;
-    default:
-        return ctlDocsButton;
-    }
+    return page >= 0 && page < PageButtonCount() ? pageButtons_[static_cast<std::size_t>(page)] : nullptr;
 }
 
 void MainToolStrip::PressPageButton(int page) {
-    for (int other = 0; other < 4; ++other) {
+    for (int other = 0; other < PageButtonCount(); ++other) {
         ctlPanelButton* button = PageButton(other);
         button->SetPressed(other == page);
         button->SetForeColor(other == page ? kCaptionBlack : kCaptionWhite);

@@ -42,8 +42,9 @@ public:
     QLabel* picCapture;
     QWidget* picButtonBarTop;
 
-    // The page button of page 0..3.
+    // The page button of a page, by the page's number; null for a number without a button.
     ctlPanelButton* PageButton(int page) const;
+    int PageButtonCount() const { return static_cast<int>(pageButtons_.size()); }
     // Presses the button of the page and raises the others, with their caption colours.
     void PressPageButton(int page);
     // Caption and colours of ctlAll for BladeViewMode 0 "ALL" (pressed, white on black),
@@ -60,6 +61,9 @@ signals:
 
 private:
     ctlPanelButton* MakeButton(const QString& caption, const QString& name, int widthTwips);
+
+    // In the order of the pages: PROJECT, SCAN, CHECK, REPORT.
+    std::array<ctlPanelButton*, 4> pageButtons_{};
 };
 
 } // namespace corvane

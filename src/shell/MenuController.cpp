@@ -2,6 +2,7 @@
 
 #include "model/Globals.h"
 #include "shell/FileCommands.h"
+#include "shell/PageNavigator.h"
 #include "shell/ScanCommands.h"
 #include "shell/ToolsCommands.h"
 #include "shell/frmCorvane.h"
@@ -51,6 +52,7 @@ MenuController::MenuController(frmCorvane& window, QMenuBar* bar) : QObject(&win
     BuildCheckMenu(bar);
     BuildToolsMenu(bar);
     BuildHelpMenu(bar);
+    connect(&window_.Navigator(), &PageNavigator::StateChanged, this, &MenuController::UpdateMenuState);
 }
 
 void MenuController::BuildFileMenu(QMenuBar* bar) {
@@ -93,25 +95,10 @@ void MenuController::BuildEditMenu(QMenuBar* bar) {
     const std::array<const char*, 4> captions = {"&Project", "&Scan", "&Check", "&Documents"};
     for (int page = 0; page < 4; ++page) {
         const QString name = QStringLiteral("mnuViewPage_%1").arg(page);
-        QAction* action = AddEntry(mnuEdit, name.toLatin1().constData(),
-                                   captions[static_cast<std::size_t>(page)], [this, page] {
-                                       switch (page) {
-                                       case frmCorvane::PageProject:
-                                           window_.ctlProjButton_Click();
-                                           break;
-                                       case frmCorvane::PageScan:
-                                           window_.ctlScanButton_Click();
-                                           break;
-                                       case frmCorvane::PageCheck:
-                                           window_.ctlCheckButton_Click();
-                                           break;
-                                       default:
-                                           window_.ctlDocsButton_Click();
-                                           break;
-                                       }
-                                       // A gate may have opened another page than the one chosen.
-                                       UpdateMenuState();
-                                   });
+        // A gate may open another page than the one chosen; the ticks follow the page opened.
+        QAction* action =
+            AddEntry(mnuEdit, name.toLatin1().constData(), captions[static_cast<std::size_t>(page)],
+                     [this, page] { window_.Navigator().Open(page); });
         action->setCheckable(true);
         pages->addAction(action);
         mnuViewPage[static_cast<std::size_t>(page)] = action;
@@ -193,13 +180,15 @@ void MenuController::BuildHelpMenu(QMenuBar* bar) {
 }
 
 void MenuController::UpdateMenuState() {
-    const int page = window_.ActivePage();
-    for (int i = 0; i < 4; ++i) {
+    const PageNavigator& navigator = window_.Navigator();
+    const int page = navigator.CurrentPage();
+    for (int i = 0; i < static_cast<int>(mnuViewPage.size()); ++i) {
         mnuViewPage[static_cast<std::size_t>(i)]->setChecked(i == page);
     }
-    OpenMenu(mnuScan, page == frmCorvane::PageScan && (gScanMode == 1 || gScanMode == 2));
-    OpenMenu(mnuCheckPlot, page == frmCorvane::PageCheck);
-    OpenMenu(mnuTools, true);
+    const PageMenus wanted = page >= 0 ? navigator.Current().Menus() : PageMenus{};
+    OpenMenu(mnuScan, wanted.scan);
+    OpenMenu(mnuCheckPlot, wanted.check);
+    OpenMenu(mnuTools, wanted.tools);
 
     const bool manualEntry = gScanMode == 1;
     mnuScanResetBuffer->setEnabled(!manualEntry);

@@ -13,16 +13,17 @@ namespace corvane {
 class frmCorvane;
 
 // The menus of the main window, their entries by the names the rest of the program uses, and
-// the rules that open and close them: the Scan menu opens on the Scan page of a station that
-// scans, the Check menu on the Check page only; scan options and the buffer reset are closed
-// in manual entry; ticks follow the scan mode, the pitch-only switch and the zoom.
+// the rules that open and close them: the open page says which of the Scan, Check and Tools
+// menus it wants; scan options and the buffer reset are closed in manual entry; ticks follow
+// the page, the scan mode, the pitch-only switch and the zoom. They are brought up to date
+// whenever the navigator says that something they depend on changed.
 class MenuController : public QObject {
     Q_OBJECT
 
 public:
     MenuController(frmCorvane& window, QMenuBar* bar);
 
-    // Opens, closes and ticks every entry for the page, the scan mode and the station.
+    // Opens, closes and ticks every entry for the page, the scan mode and the view switches.
     void UpdateMenuState();
 
     QMenu* mnuFile;

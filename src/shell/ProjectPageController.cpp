@@ -1,11 +1,14 @@
 #include "shell/ProjectPageController.h"
 
+#include "model/Globals.h"
+#include "shell/PageNavigator.h"
 #include "shell/frmCorvane.h"
 #include "shell/frmPageProject.h"
 
 namespace corvane {
 
-ProjectPageController::ProjectPageController(frmCorvane& window) : page_(new frmPageProject()) {
+ProjectPageController::ProjectPageController(frmCorvane& window)
+    : window_(window), page_(new frmPageProject()) {
     QObject::connect(page_, &frmPageProject::newRequested, page_, [&window] { window.mnuFileNew_Click(); });
     QObject::connect(page_, &frmPageProject::openRequested, page_, [&window] { window.mnuFileOpen_Click(); });
     QObject::connect(page_, &frmPageProject::saveRequested, page_, [&window] { window.mnuFileSave_Click(); });
@@ -18,6 +21,22 @@ ProjectPageController::ProjectPageController(frmCorvane& window) : page_(new frm
     });
     QObject::connect(page_, &frmPageProject::titleChanged, page_,
                      [&window] { window.UpdateTitlebarCaption(); });
+    QObject::connect(page_, &frmPageProject::projectChanged, page_,
+                     [&window] { window.Navigator().NotifyStateChanged(); });
+}
+
+QWidget* ProjectPageController::Widget() const {
+    return page_;
+}
+
+void ProjectPageController::Enter() {
+    GraphsStale = true;
+    CompareScanIndex = -1;
+    gCheckPageMode = 0;
+    Refresh();
+    window_.SetBladeViewMode(1);
+    window_.ctlAll_UpdateDisplay();
+    window_.SetBladeButtonState(0);
 }
 
 int ProjectPageController::RefreshProjectFormData() {

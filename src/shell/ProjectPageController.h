@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/modProjectCommands.h"
+#include "shell/IPage.h"
 
 namespace corvane {
 
@@ -10,11 +11,20 @@ class frmPageProject;
 // The Project page inside the main window: its left bar runs the window's file commands, a
 // new blade count refreshes the blade buttons, and a new ID or customer the title. The page's
 // check of the required fields guards every other page and the saves.
-class ProjectPageController {
+class ProjectPageController : public IPage {
 public:
     explicit ProjectPageController(frmCorvane& window);
 
     frmPageProject* Page() const { return page_; }
+
+    // IPage. Entering marks the graphs stale, fills the page and shows the blade buttons by the
+    // blade count, released, with ctlAll on ISO.
+    QWidget* Widget() const override;
+    PageGate Gate() const override { return PageGate::None; }
+    void Enter() override;
+    void Leave() override {}
+    void Refresh() override { RefreshProjectFormData(); }
+    PageMenus Menus() const override { return {.scan = false, .check = false, .tools = true}; }
 
     // Fills the page from the project. Showing data marks nothing as changed: the unsaved and
     // the stale flags are as they were before. 1, or 0 when the page could not be filled.
@@ -32,6 +42,7 @@ public:
     ProjectFieldCheck Marks() const;
 
 private:
+    frmCorvane& window_;
     frmPageProject* page_ = nullptr;
 };
 

@@ -1,5 +1,6 @@
 #include "shell/ReportPageController.h"
 
+#include "model/Globals.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
 
@@ -10,8 +11,18 @@ ReportPageController::ReportPageController(frmCorvane& window) : window_(window)
                                 QStringLiteral("The inspection report, to print or to save as PDF or CSV."));
 }
 
+void ReportPageController::Enter() {
+    gShowRadiusFlags.fill(true);
+    window_.ShowEnabledBlades();
+    window_.SetBladeButtonState(2);
+    window_.Lock_Controls();
+    Refresh();
+    window_.UnLock_Controls();
+    window_.ctlAll_Raise();
+    window_.ctlAll_UpdateDisplay();
+}
+
 void ReportPageController::Refresh() {
-    (void)window_;
     reportDirty_ = false;
 }
 

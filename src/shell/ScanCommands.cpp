@@ -5,7 +5,7 @@
 #include "model/NumberFormat.h"
 #include "model/clsCorvane.h"
 #include "shell/CheckPageController.h"
-#include "shell/MenuController.h"
+#include "shell/PageNavigator.h"
 #include "shell/ScanPageController.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
@@ -45,6 +45,7 @@ void ScanCommands::mnuScanHistoryDelete_Click() {
     if (DeleteActiveScan(*gProject)) {
         gProjectDirty = true;
         GraphsStale = true;
+        window_.Navigator().NotifyStateChanged();
     }
     window_.ScanPage().RefreshScanList();
     window_.ScanPage().RedrawGraphs();
@@ -118,7 +119,7 @@ void ScanCommands::mnuScanModeManualEntry_Click() {
 }
 
 void ScanCommands::ScanModeChanged() {
-    window_.Menus().UpdateMenuState();
+    window_.Navigator().NotifyStateChanged();
     window_.UpdateTitlebarCaption();
 }
 

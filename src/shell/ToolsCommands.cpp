@@ -5,7 +5,7 @@
 #include "model/clsCorvane.h"
 #include "model/modReferenceSource.h"
 #include "shell/CheckPageController.h"
-#include "shell/MenuController.h"
+#include "shell/PageNavigator.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
 #include "support/Services.h"
@@ -20,13 +20,13 @@ ToolsCommands::ToolsCommands(frmCorvane& window) : window_(window) {}
 void ToolsCommands::mnuCheckPitchOnly_Click() {
     gPitchIgnoreTrack = !gPitchIgnoreTrack;
     GraphsStale = true;
-    window_.Menus().UpdateMenuState();
+    window_.Navigator().NotifyStateChanged();
     window_.CheckPage().Redraw();
 }
 
 void ToolsCommands::mnuCheckPlotZoom_Click(int index) {
     ZoomActive = index == 1;
-    window_.Menus().UpdateMenuState();
+    window_.Navigator().NotifyStateChanged();
     window_.CheckPage().Redraw();
 }
 

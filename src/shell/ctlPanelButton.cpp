@@ -2,14 +2,14 @@
 
 #include "shell/ColorRef.h"
 #include "shell/Twips.h"
-#include "support/Services.h"
 
 #include <QEvent>
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QThread>
+#include <QPointer>
+#include <QTimer>
 
 #include <algorithm>
 #include <iterator>
@@ -18,7 +18,7 @@ namespace corvane {
 namespace {
 
 // A momentary button stays pressed this long so the technician sees the press.
-constexpr unsigned long kMomentaryPressMs = 100;
+constexpr int kMomentaryPressMs = 100;
 // Rounding of the face's corners, in pixels; the frame colour shows in the corners.
 constexpr qreal kFaceRadius = 3.0;
 
@@ -31,9 +31,13 @@ QString PlainLines(QString caption) {
 ctlPanelButton::ctlPanelButton(QWidget* parent)
     : QWidget(parent), frameColor_(RGBColor(208, 104, 48)),
       disabledColor_(ToBGR(palette().color(QPalette::Disabled, QPalette::WindowText))),
-      normalColor_(RGBColor(255, 224, 192)), pressedColor_(RGBColor(243, 181, 124)) {
+      normalColor_(RGBColor(255, 224, 192)), pressedColor_(RGBColor(243, 181, 124)),
+      momentaryTimer_(new QTimer(this)) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::NoFocus);
+    momentaryTimer_->setSingleShot(true);
+    momentaryTimer_->setInterval(kMomentaryPressMs);
+    connect(momentaryTimer_, &QTimer::timeout, this, &ctlPanelButton::MomentaryReleased);
 }
 
 void ctlPanelButton::SetFontSize(std::int16_t points) {
@@ -235,29 +239,56 @@ void ctlPanelButton::PanelClicked() {
     if (!isEnabled()) {
         return;
     }
+    if (handlingClick_) {
+        clickWaiting_ = true;
+        return;
+    }
     switch (clickAction_) {
     case ClickRadio:
         if (!pressed_) {
             SetPressed(true);
-            emit Click();
+            RaiseClick();
         }
         break;
     case ClickToggle:
         pressed_ = !pressed_;
-        repaint();
-        Events().DoEvents();
-        emit Click();
+        repaint(); // the new face shows before Click does its work
+        RaiseClick();
         break;
     case ClickMomentary:
-        pressed_ = true;
-        repaint();
-        QThread::msleep(kMomentaryPressMs);
-        pressed_ = false;
-        repaint();
-        emit Click();
+        // Pressed now, released with Click when the timer ends; the button is busy till then.
+        handlingClick_ = true;
+        SetPressed(true);
+        momentaryTimer_->start();
         break;
     default: // a label: no click
         break;
+    }
+}
+
+void ctlPanelButton::MomentaryReleased() {
+    SetPressed(false);
+    if (isEnabled()) {
+        RaiseClick();
+    } else {
+        EndClick(); // disabled meanwhile: the click no longer counts
+    }
+}
+
+void ctlPanelButton::RaiseClick() {
+    handlingClick_ = true;
+    const QPointer<ctlPanelButton> self(this);
+    emit Click();
+    if (self) {
+        EndClick();
+    }
+}
+
+void ctlPanelButton::EndClick() {
+    handlingClick_ = false;
+    if (clickWaiting_) {
+        clickWaiting_ = false;
+        QTimer::singleShot(0, this, &ctlPanelButton::PanelClicked);
     }
 }
 

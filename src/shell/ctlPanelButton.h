@@ -6,6 +6,8 @@
 
 #include <cstdint>
 
+class QTimer;
+
 namespace corvane {
 
 // One row of the panel size option: the caption font in points, the caption's inset from the
@@ -24,6 +26,10 @@ inline constexpr PanelSizeRow kPanelSizes[] = {{"Small", 12, 165, 930}};
 // page. It paints a face in one of four colours (frame around it, disabled, normal, pressed),
 // an optional frame line and a centred caption of one or two lines. What a click does depends
 // on ClickAction: nothing (a label), radio, toggle or momentary.
+//
+// One click at a time: a click that comes while another is being handled (its Click handler
+// runs, or a momentary press is still showing) waits until that one has ended and then runs
+// from the event loop, never inside it. Nothing in a click sleeps or runs the event loop.
 class ctlPanelButton : public QWidget {
     Q_OBJECT
 
@@ -103,6 +109,11 @@ protected:
 
 private:
     void PanelClicked();
+    // Raises Click with the button busy, then lets a click that came meanwhile run.
+    void RaiseClick();
+    void EndClick();
+    // The momentary press has shown long enough.
+    void MomentaryReleased();
     QFont CaptionFont() const;
     int CaptionLines() const;
 
@@ -124,6 +135,9 @@ private:
     std::uint32_t pressedColor_;
 
     bool mouseDown_ = false;
+    bool handlingClick_ = false;
+    bool clickWaiting_ = false;
+    QTimer* momentaryTimer_;
 };
 
 } // namespace corvane

@@ -8,6 +8,7 @@
 #include "shell/FileCommands.h"
 #include "shell/MainToolStrip.h"
 #include "shell/MenuController.h"
+#include "shell/PageNavigator.h"
 #include "shell/ProjectPageController.h"
 #include "shell/ReportPageController.h"
 #include "shell/ScanCommands.h"
@@ -28,6 +29,8 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <initializer_list>
 
 namespace corvane {
 namespace {
@@ -76,8 +79,11 @@ frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
         scanPage_ = std::make_unique<ScanPageController>(*this);
         checkPage_ = std::make_unique<CheckPageController>(*this);
         reportPage_ = std::make_unique<ReportPageController>(*this);
-        for (int page = PageProject; page <= PageReport; ++page) {
-            pages_->addWidget(PageWidget(page));
+        // In the order of PageIndex, which is the order of the page buttons.
+        navigator_ = std::make_unique<PageNavigator>(*this, *pages_);
+        for (IPage* page : std::initializer_list<IPage*>{projectPage_.get(), scanPage_.get(),
+                                                         checkPage_.get(), reportPage_.get()}) {
+            navigator_->AddPage(*page);
         }
         files_ = std::make_unique<FileCommands>(*this);
         scans_ = std::make_unique<ScanCommands>(*this);
@@ -88,27 +94,11 @@ frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
         lblFileName_->setObjectName(QStringLiteral("lblFileName"));
         statusBar()->addPermanentWidget(lblFileName_);
 
-        connect(toolStrip_, &MainToolStrip::PageButtonClicked, this, [this](int page) {
-            switch (page) {
-            case PageProject:
-                ctlProjButton_Click();
-                break;
-            case PageScan:
-                ctlScanButton_Click();
-                break;
-            case PageCheck:
-                ctlCheckButton_Click();
-                break;
-            default:
-                ctlDocsButton_Click();
-                break;
-            }
-        });
+        connect(toolStrip_, &MainToolStrip::PageButtonClicked, navigator_.get(), &PageNavigator::Open);
         connect(toolStrip_, &MainToolStrip::AllClicked, this, &frmCorvane::ctlAll_Click);
         connect(toolStrip_, &MainToolStrip::BladeClicked, this, &frmCorvane::ctlBlades_Click);
     });
     tail.Step([this] { AcquireInitialize(); });
-    activePage_ = PageProject;
     if (toolStrip_ != nullptr && menus_ != nullptr) {
         ResizeMainToolbar();
         ctlProjButton_Click();
@@ -131,16 +121,11 @@ frmCorvane::~frmCorvane() {
 }
 
 QWidget* frmCorvane::PageWidget(int page) const {
-    switch (page) {
-    case PageProject:
-        return projectPage_->Page();
-    case PageScan:
-        return scanPage_->Page();
-    case PageCheck:
-        return checkPage_->Page();
-    default:
-        return reportPage_->Page();
-    }
+    return navigator_->Page(page).Widget();
+}
+
+int frmCorvane::ActivePage() const {
+    return navigator_ ? navigator_->CurrentPage() : -1;
 }
 
 void frmCorvane::PlaceWindow() {
@@ -205,86 +190,20 @@ void frmCorvane::UpdateStatusBar() {
     }
 }
 
-void frmCorvane::OpenPage(int page) {
-    activePage_ = page;
-    toolStrip_->PressPageButton(page);
-    pages_->setCurrentWidget(PageWidget(page));
-    ResizeMainToolbar();
-    menus_->UpdateMenuState();
-}
-
 void frmCorvane::ctlProjButton_Click() {
-    GraphsStale = true;
-    CompareScanIndex = -1;
-    gCheckPageMode = 0;
-    if (activePage_ == PageCheck) {
-        toolStrip_->ctlAll->SetClickAction(ctlPanelButton::ClickRadio);
-    }
-    OpenPage(PageProject);
-    projectPage_->RefreshProjectFormData();
-    bladeViewMode_ = 1;
-    ctlAll_UpdateDisplay();
-    SetBladeButtonState(0);
+    navigator_->Open(PageProject);
 }
 
 void frmCorvane::ctlScanButton_Click() {
-    if (projectPage_->CheckProjectData(false) != 1) {
-        ctlProjButton_Click();
-        return;
-    }
-    GraphsStale = true;
-    CompareScanIndex = -1;
-    gCheckPageMode = 0;
-    if (activePage_ == PageCheck) {
-        toolStrip_->ctlAll->SetClickAction(ctlPanelButton::ClickRadio);
-    }
-    OpenPage(PageScan);
-    bladeViewMode_ = 0;
-    ctlAll_UpdateDisplay();
-    SetBladeButtonState(1);
-}
-
-bool frmCorvane::PassCheckGates(bool forReport) {
-    switch (checkPage_->PassGates(forReport)) {
-    case GateOutcome::ToProjectPage:
-        ctlProjButton_Click();
-        return false;
-    case GateOutcome::ToScanPage:
-        ctlScanButton_Click();
-        return false;
-    case GateOutcome::Open:
-        break;
-    }
-    return true;
+    navigator_->Open(PageScan);
 }
 
 void frmCorvane::ctlCheckButton_Click() {
-    if (!PassCheckGates(false)) {
-        return;
-    }
-    ShowEnabledBlades();
-    SetBladeButtonState(2);
-    Lock_Controls();
-    OpenPage(PageCheck);
-    checkPage_->Redraw();
-    UnLock_Controls();
-    ctlAll_Raise();
-    ctlAll_UpdateDisplay();
+    navigator_->Open(PageCheck);
 }
 
 void frmCorvane::ctlDocsButton_Click() {
-    if (!PassCheckGates(true)) {
-        return;
-    }
-    gShowRadiusFlags.fill(true);
-    ShowEnabledBlades();
-    SetBladeButtonState(2);
-    Lock_Controls();
-    OpenPage(PageReport);
-    reportPage_->Refresh();
-    UnLock_Controls();
-    ctlAll_Raise();
-    ctlAll_UpdateDisplay();
+    navigator_->Open(PageReport);
 }
 
 void frmCorvane::ResizeMainToolbar() {

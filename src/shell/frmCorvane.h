@@ -16,6 +16,7 @@ class CheckPageController;
 class FileCommands;
 class MainToolStrip;
 class MenuController;
+class PageNavigator;
 class ProjectPageController;
 class ReportPageController;
 class ScanCommands;
@@ -23,8 +24,8 @@ class ScanPageController;
 class ToolsCommands;
 
 // The main window: one page at a time under the menus and the tool strip of page and blade
-// buttons. It owns the navigation between the four pages and the gates a page passes before
-// it opens; the pages, the file commands and the menus each have a controller of their own.
+// buttons. The navigator moves between the four pages through the gates in front of them; the
+// pages, the file commands and the menus each have a controller of their own.
 class frmCorvane : public QMainWindow {
     Q_OBJECT
 
@@ -41,7 +42,7 @@ public:
     void UpdateTitlebarCaption();
     void UpdateTitle() { UpdateTitlebarCaption(); }
 
-    // Page buttons, with their gates.
+    // Page buttons, with their gates (PageNavigator::Open).
     void ctlProjButton_Click();
     void ctlScanButton_Click();
     void ctlCheckButton_Click();
@@ -65,6 +66,8 @@ public:
     void ctlAll_Raise();
     void ctlAll_Depress();
     void ctlAll_UpdateDisplay();
+    // Every blade of the active scan that is switched on is shown.
+    void ShowEnabledBlades();
     void ResizeMainToolbar();
 
     // File commands (FileCommands does the work).
@@ -89,12 +92,14 @@ public:
     // them without (the window installs them for that while it lives).
     void RunShutdownSteps(bool letEventsRun);
 
-    int ActivePage() const { return activePage_; }
+    // The open page, or -1 before the first one opened.
+    int ActivePage() const;
     int BladeViewMode() const { return bladeViewMode_; }
     void SetBladeViewMode(int mode) { bladeViewMode_ = mode; }
     bool AcquisitionRunning() const { return acquisitionRunning_; }
     QWidget* PageWidget(int page) const;
 
+    PageNavigator& Navigator() const { return *navigator_; }
     MainToolStrip& ToolStrip() const { return *toolStrip_; }
     MenuController& Menus() const { return *menus_; }
     FileCommands& Files() const { return *files_; }
@@ -113,8 +118,6 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    // Presses the page's button, raises the others and shows the page.
-    void OpenPage(int page);
     void PlaceWindow();
     void SavePlacement() const;
     void UpdateStatusBar();
@@ -124,13 +127,7 @@ private:
     void RestoreBladeButtons();
     // The tool strip's click actions when unlocked on the page now open.
     void SetBladeClickActions();
-    // The CHECK and REPORT gates: true when the page may open, otherwise the page the gate
-    // sends the user to is opened and false comes back.
-    bool PassCheckGates(bool forReport);
-    // Every blade of the active scan that is switched on is shown.
-    void ShowEnabledBlades();
 
-    int activePage_ = PageProject;
     int bladeViewMode_ = 1;
     bool acquisitionRunning_ = false;
     std::array<bool, 7> bladePressed_{};
@@ -143,6 +140,8 @@ private:
     std::unique_ptr<ScanPageController> scanPage_;
     std::unique_ptr<CheckPageController> checkPage_;
     std::unique_ptr<ReportPageController> reportPage_;
+    // After the pages, which it holds by reference.
+    std::unique_ptr<PageNavigator> navigator_;
     std::unique_ptr<FileCommands> files_;
     std::unique_ptr<ScanCommands> scans_;
     std::unique_ptr<ToolsCommands> tools_;

@@ -55,7 +55,7 @@ void frmCorvane::RestoreBladeButtons() {
 }
 
 void frmCorvane::ctlAll_Click() {
-    if (activePage_ != PageCheck && activePage_ != PageReport) {
+    if (ActivePage() != PageCheck && ActivePage() != PageReport) {
         ctlAll_UpdateDisplay();
         return;
     }
@@ -65,14 +65,14 @@ void frmCorvane::ctlAll_Click() {
 }
 
 void frmCorvane::UpdateRadiusPanels() {
-    if (activePage_ == PageReport) {
+    if (ActivePage() == PageReport) {
         for (int blade = 0; blade < 7; ++blade) {
             gShowBladeFlags[static_cast<std::size_t>(blade)] = blade < BladeButtonCount();
         }
         reportPage_->DepressPanels(bladeViewMode_);
         reportPage_->MarkReportDirty();
         Blades_Depress();
-    } else if (activePage_ == PageCheck) {
+    } else if (ActivePage() == PageCheck) {
         checkPage_->DepressPanels(bladeViewMode_);
         if (checkPage_->ActiveGraphModeIndex() != 1) {
             Blades_Or_Prop();
@@ -84,11 +84,11 @@ void frmCorvane::UpdateRadiusPanels() {
 }
 
 void frmCorvane::ctlBlades_Click(int index) {
-    if (index < 0 || index >= 7 || !ProjectHasScans() || activePage_ == PageProject) {
+    if (index < 0 || index >= 7 || !ProjectHasScans() || ActivePage() == PageProject) {
         RestoreBladeButtons();
         return;
     }
-    switch (activePage_) {
+    switch (ActivePage()) {
     case PageScan:
         if (gScanMode == 1) {
             ctlAll_Raise();
@@ -133,7 +133,7 @@ void frmCorvane::Prop_Blades_Disable() {
 }
 
 void frmCorvane::Lock_Controls() {
-    for (int page = PageProject; page <= PageReport; ++page) {
+    for (int page = 0; page < toolStrip_->PageButtonCount(); ++page) {
         toolStrip_->PageButton(page)->SetClickAction(ctlPanelButton::ClickNone);
     }
     toolStrip_->ctlAll->SetClickAction(ctlPanelButton::ClickNone);
@@ -143,7 +143,7 @@ void frmCorvane::Lock_Controls() {
 }
 
 void frmCorvane::UnLock_Controls() {
-    for (int page = PageProject; page <= PageReport; ++page) {
+    for (int page = 0; page < toolStrip_->PageButtonCount(); ++page) {
         toolStrip_->PageButton(page)->SetClickAction(ctlPanelButton::ClickRadio);
     }
     toolStrip_->ctlAll->SetClickAction(ctlPanelButton::ClickMomentary);
@@ -153,7 +153,7 @@ void frmCorvane::UnLock_Controls() {
 void frmCorvane::SetBladeClickActions() {
     // On the Check and Report pages a blade button switches its blade on and off; elsewhere it
     // picks one blade. Pressed states stay as they are.
-    const bool toggles = activePage_ == PageCheck || activePage_ == PageReport;
+    const bool toggles = ActivePage() == PageCheck || ActivePage() == PageReport;
     for (ctlPanelButton* button : toolStrip_->ctlBlades) {
         button->SetClickAction(toggles ? ctlPanelButton::ClickToggle : ctlPanelButton::ClickRadio);
     }

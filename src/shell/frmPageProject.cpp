@@ -57,6 +57,7 @@ bool frmPageProject::ModelReady() {
 void frmPageProject::UserChanged() {
     GraphsStale = true;
     gProjectDirty = true;
+    emit projectChanged();
 }
 
 void frmPageProject::SetTextQuietly(ctlTextField* field, const QString& text) {

@@ -61,6 +61,8 @@ signals:
     void bladeCountChanged();
     // Project ID or customer changed, or the page was refreshed: the window title follows.
     void titleChanged();
+    // The technician changed a field: the project is unsaved now.
+    void projectChanged();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -10,6 +10,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+
 namespace corvane {
 namespace {
 
@@ -160,27 +162,50 @@ TEST_F(PanelButtonTest, RadioPressesOnceAndRaisesClickOnce) {
     EXPECT_EQ(clicks.count(), 1);
 }
 
-TEST_F(PanelButtonTest, ToggleFlipsLetsEventsRunAndRaisesClickEachTime) {
-    button.SetClickAction(ctlPanelButton::ClickToggle);
-    QSignalSpy clicks(&button, &ctlPanelButton::Click);
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_TRUE(button.Pressed());
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_FALSE(button.Pressed());
-    EXPECT_EQ(clicks.count(), 2);
-    EXPECT_EQ(events.doEventsCalls, 2);
-}
-
-TEST_F(PanelButtonTest, MomentaryHoldsThePressThenReleasesBeforeClick) {
-    button.SetClickAction(ctlPanelButton::ClickMomentary);
-    bool pressedAtClick = true;
-    QObject::connect(&button, &ctlPanelButton::Click, [&] { pressedAtClick = button.Pressed(); });
-    QElapsedTimer timer;
-    timer.start();
-    QTest::mouseClick(&button, Qt::LeftButton);
-    EXPECT_GE(timer.elapsed(), 95);
-    EXPECT_FALSE(pressedAtClick);
-    EXPECT_FALSE(button.Pressed());
+// A toggle flips before Click. A momentary press shows for 100 ms, with nothing waiting inside
+// the click, and is released before Click. A second click while the first is handled (its
+// handler running a nested event loop, or a momentary press still showing) runs after the
+// first has ended, never inside it; no click runs the event loop.
+TEST_F(PanelButtonTest, ClicksRunOneAtATime) {
+    const struct {
+        int action;
+        bool clickInsideHandler;
+    } cases[] = {{ctlPanelButton::ClickToggle, true},
+                 {ctlPanelButton::ClickMomentary, true},
+                 {ctlPanelButton::ClickMomentary, false}};
+    for (const auto& c : cases) {
+        ctlPanelButton panel;
+        panel.SetClickAction(c.action);
+        int clicks = 0;
+        int depth = 0;
+        int deepest = 0;
+        bool pressedAtFirst = false;
+        QObject::connect(&panel, &ctlPanelButton::Click, [&] {
+            deepest = std::max(deepest, ++depth);
+            if (++clicks == 1) {
+                pressedAtFirst = panel.Pressed();
+                if (c.clickInsideHandler) {
+                    QTest::mouseClick(&panel, Qt::LeftButton);
+                }
+            }
+            --depth;
+        });
+        const bool momentary = c.action == ctlPanelButton::ClickMomentary;
+        QElapsedTimer timer;
+        timer.start();
+        QTest::mouseClick(&panel, Qt::LeftButton);
+        EXPECT_TRUE(panel.Pressed()) << c.action;
+        EXPECT_EQ(clicks, momentary ? 0 : 1) << c.action; // the second waits
+        if (!c.clickInsideHandler) {
+            QTest::mouseClick(&panel, Qt::LeftButton); // while the first press still shows
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&] { return clicks == 2; }, 2000)) << c.action;
+        EXPECT_GE(timer.elapsed(), momentary ? 195 : 0) << c.action; // two presses shown in turn
+        EXPECT_EQ(deepest, 1) << c.action;
+        EXPECT_EQ(pressedAtFirst, !momentary) << c.action;
+        EXPECT_FALSE(panel.Pressed()) << c.action; // a toggle flipped twice
+    }
+    EXPECT_EQ(events.doEventsCalls, 0);
 }
 
 TEST_F(PanelButtonTest, LabelsDisabledButtonsAndDragsOffRaiseNothing) {

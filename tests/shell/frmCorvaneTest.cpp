@@ -202,9 +202,11 @@ TEST_F(MainWindowTest, BladeButtonsOnTheCheckPageSwitchBladesAndIgnoreDisabledOn
     EXPECT_EQ(window->BladeViewMode(), 0);
     EXPECT_EQ(Strip().ctlAll->Caption(), QStringLiteral("ALL"));
     EXPECT_TRUE(Strip().ctlAll->Pressed());
-    // Back on the Project page the ALL button does nothing.
+    // Back on the Project page the ALL button does nothing; leaving the Check page gave it
+    // its radio click back.
     window->ctlProjButton_Click();
     EXPECT_EQ(window->BladeViewMode(), 1);
+    EXPECT_EQ(Strip().ctlAll->ClickAction(), ctlPanelButton::ClickRadio);
     window->ctlAll_Click();
     EXPECT_EQ(window->BladeViewMode(), 1);
 }

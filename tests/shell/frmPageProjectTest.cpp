@@ -393,8 +393,8 @@ TEST_F(ProjectPageTest, LeftBarAsksTheWindowAndPanelsFollowTheWidth) {
     QSignalSpy archive(page.get(), &frmPageProject::archiveRequested);
     QTest::mouseClick(Child<ctlPanelButton>("ctlProjectOpen"), Qt::LeftButton);
     QTest::mouseClick(Child<ctlPanelButton>("ctlViewArchive"), Qt::LeftButton);
-    EXPECT_EQ(open.count(), 1);
-    EXPECT_EQ(archive.count(), 1);
+    // Momentary buttons: each asks once its press has shown.
+    EXPECT_TRUE(QTest::qWaitFor([&] { return open.count() == 1 && archive.count() == 1; }, 2000));
     EXPECT_EQ(Child<ctlPanelButton>("ctlProjectSave")->Caption(), QStringLiteral("SAVE"));
 
     for (const auto& [width, columns] : {std::pair{1500, 3}, std::pair{960, 2}, std::pair{520, 1}}) {
