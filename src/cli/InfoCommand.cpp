@@ -98,23 +98,7 @@ void WriteScansText(std::ostream& out) {
 
 } // namespace
 
-int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    bool asJson = false;
-    std::string path;
-    for (const auto& arg : args) {
-        if (arg == "--json")
-            asJson = true;
-        else if (path.empty() && (arg.empty() || arg[0] != '-'))
-            path = arg;
-        else {
-            err << "corvane-cli info: unexpected argument '" << arg << "'\n";
-            return 1;
-        }
-    }
-    if (path.empty()) {
-        err << "usage: corvane-cli info FILE [--json]\n";
-        return 1;
-    }
+int RunInfo(const std::string& path, bool asJson, std::ostream& out, std::ostream& err) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) {
         err << "corvane-cli info: cannot read " << path << ": no such file\n";
