@@ -23,13 +23,7 @@ constexpr const char* kCommand = "evaluate";
 
 } // namespace
 
-int RunEvaluate(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    EvaluateOptions options;
-    std::string error;
-    if (!ParseEvaluateOptions(args, options, error)) {
-        err << "corvane-cli evaluate: " << error << "\n" << kEvaluateUsage;
-        return 2;
-    }
+int RunEvaluate(const EvaluateOptions& options, std::ostream& out, std::ostream& err) {
     if (!LoadProject(kCommand, options.projectPath, err))
         return 2;
     EvaluationSummary summary;

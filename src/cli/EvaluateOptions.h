@@ -9,6 +9,10 @@
 #include <utility>
 #include <vector>
 
+namespace CLI {
+class App;
+}
+
 namespace corvane::cli {
 
 struct EvaluateOptions {
@@ -24,19 +28,9 @@ struct EvaluateOptions {
     std::optional<std::int16_t> criteriaIndex;            // --criteria: ISOCriteriaIndex
 };
 
-inline constexpr const char* kEvaluateUsage =
-    "usage: corvane-cli evaluate PROJECT [--hand right|left] [--scan N] [--json]\n"
-    "         [--reference FILE.cvrf|FILE.ppp | --constant-pitch P | --variable-pitch r1:p1,r2:p2,...]\n"
-    "         [--class S|1|1a|2|3] [--criteria primary|secondary]\n";
-
-// Fills options from the arguments after the command word. false with a one-line reason in
-// error when an option is unknown, lacks its value or has a value out of its range.
-bool ParseEvaluateOptions(const std::vector<std::string>& args, EvaluateOptions& options, std::string& error);
-
-// "S", "1", "1a", "2", "3" to ISOClassIndex 0 to 4; nothing for any other text.
-std::optional<std::int16_t> ClassIndexFromText(const std::string& text);
-
-// A finite number written in full ("36", "35.5", "-1e-3"); nothing for anything else.
-std::optional<double> ParseOptionNumber(const std::string& text);
+// Declares evaluate's argument and options on its command; parsing fills options and refuses,
+// with a one-line reason, an option that is unknown, lacks its value or has a value out of its
+// range, and more than one of the reference options.
+void AddEvaluateOptions(CLI::App& command, EvaluateOptions& options);
 
 } // namespace corvane::cli

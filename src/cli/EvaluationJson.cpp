@@ -1,5 +1,5 @@
 #include "cli/EvaluationSummary.h"
-#include "cli/JsonWriter.h"
+#include "cli/JsonOutput.h"
 
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
@@ -20,53 +20,36 @@ bool Measured(clsBlades& blade, int k) {
     return blade.Section(k)->RawOffsetCount() > 1;
 }
 
-void Window(JsonWriter& json, std::string_view key, const ISOWindow& window) {
-    json.Key(key)
-        .BeginObject()
-        .Field("Lower", window.Lower)
-        .Field("Upper", window.Upper)
-        .Field("Value", window.Value)
-        .Field("Pass", window.Pass)
-        .EndObject();
+Json Window(const ISOWindow& window) {
+    return {{"Lower", window.Lower}, {"Upper", window.Upper}, {"Value", window.Value}, {"Pass", window.Pass}};
 }
 
-void Windows(JsonWriter& json, std::string_view key, const std::vector<ISOWindow>& windows) {
-    json.Key(key).BeginArray();
+Json Windows(const std::vector<ISOWindow>& windows) {
+    Json list = Json::array();
     for (const ISOWindow& window : windows)
-        json.BeginObject()
-            .Field("Lower", window.Lower)
-            .Field("Upper", window.Upper)
-            .Field("Value", window.Value)
-            .Field("Pass", window.Pass)
-            .EndObject();
-    json.EndArray();
+        list.push_back(Window(window));
+    return list;
 }
 
-void OptionalWindow(JsonWriter& json, std::string_view key, const std::optional<ISOWindow>& window) {
-    if (window)
-        Window(json, key, *window);
-    else
-        json.Key(key).Null();
+Json OptionalWindow(const std::optional<ISOWindow>& window) {
+    return window ? Window(*window) : Json(nullptr);
 }
 
-void SectionCriteria(JsonWriter& json, const ISOSectionResults& results) {
-    Window(json, "NoseTailPitch", results.NoseTailPitch);
-    Windows(json, "LocalPitch", results.LocalPitch);
-    Windows(json, "PitchContinuitySum", results.PitchContinuitySum);
-    Windows(json, "PitchContinuityDiff", results.PitchContinuityDiff);
-    Window(json, "ChordLength", results.ChordLength);
-    Window(json, "LEPosition", results.LEPosition);
-    Window(json, "LEPositionHelix", results.LEPositionHelix);
-    Window(json, "RakePosition", results.RakePosition);
-    json.Key("DeltaRake").BeginArray();
-    for (const ISODeltaRake& delta : results.DeltaRake) {
-        json.BeginObject().Field("ToSection", delta.ToSection).Field("Position", delta.Position);
-        Window(json, "Window", delta.Window);
-        json.EndObject();
-    }
-    json.EndArray();
-    OptionalWindow(json, "RakeToPrevBlade", results.RakeToPrevBlade);
-    OptionalWindow(json, "RakeToNextBlade", results.RakeToNextBlade);
+void AddSectionCriteria(Json& json, const ISOSectionResults& results) {
+    json["NoseTailPitch"] = Window(results.NoseTailPitch);
+    json["LocalPitch"] = Windows(results.LocalPitch);
+    json["PitchContinuitySum"] = Windows(results.PitchContinuitySum);
+    json["PitchContinuityDiff"] = Windows(results.PitchContinuityDiff);
+    json["ChordLength"] = Window(results.ChordLength);
+    json["LEPosition"] = Window(results.LEPosition);
+    json["LEPositionHelix"] = Window(results.LEPositionHelix);
+    json["RakePosition"] = Window(results.RakePosition);
+    Json& deltas = json["DeltaRake"] = Json::array();
+    for (const ISODeltaRake& delta : results.DeltaRake)
+        deltas.push_back(
+            {{"ToSection", delta.ToSection}, {"Position", delta.Position}, {"Window", Window(delta.Window)}});
+    json["RakeToPrevBlade"] = OptionalWindow(results.RakeToPrevBlade);
+    json["RakeToNextBlade"] = OptionalWindow(results.RakeToNextBlade);
 }
 
 const ISOSectionResults* SectionResults(const ISOBladeResults* blade, int k) {
@@ -76,96 +59,83 @@ const ISOSectionResults* SectionResults(const ISOBladeResults* blade, int k) {
     return section.Measured ? &section : nullptr;
 }
 
-void WriteSection(JsonWriter& json, clsBlades& blade, int k, const ISOBladeResults* bladeResults) {
+Json Section(clsBlades& blade, int k, const ISOBladeResults* bladeResults) {
     const auto section = blade.Section(k);
-    json.BeginObject().Field("Index", k).Field("RawOffsetCount", section->RawOffsetCount());
+    Json json = {{"Index", k}, {"RawOffsetCount", section->RawOffsetCount()}};
     if (!Measured(blade, k)) {
         for (const char* key : {"RadialPos", "Pitch", "RakeAft", "Chord", "SkewHelix", "SegmentChord",
                                 "ISOTotalAxialRakeToBCL", "ISOLEArcLengthPerSection", "SegmentPanelPitch"})
-            json.Key(key).Null();
-        json.EndObject();
-        return;
+            json[key] = nullptr;
+        return json;
     }
-    json.Field("RadialPos", blade.RadialPos(k))
-        .Field("Pitch", blade.Pitch(k))
-        .Field("RakeAft", blade.RakeAft(k))
-        .Field("Chord", blade.Chord(k))
-        .Field("SkewHelix", blade.SkewHelix(k))
-        .Field("SegmentChord", section->SegmentChord())
-        .Field("ISOTotalAxialRakeToBCL", blade.ISOTotalAxialRakeToBCL(k))
-        .Field("ISOLEArcLengthPerSection", section->ISOLEArcLengthPerSection())
-        .Key("SegmentPanelPitch")
-        .BeginArray();
+    json["RadialPos"] = blade.RadialPos(k);
+    json["Pitch"] = blade.Pitch(k);
+    json["RakeAft"] = blade.RakeAft(k);
+    json["Chord"] = blade.Chord(k);
+    json["SkewHelix"] = blade.SkewHelix(k);
+    json["SegmentChord"] = section->SegmentChord();
+    json["ISOTotalAxialRakeToBCL"] = blade.ISOTotalAxialRakeToBCL(k);
+    json["ISOLEArcLengthPerSection"] = section->ISOLEArcLengthPerSection();
+    Json& panels = json["SegmentPanelPitch"] = Json::array();
     for (int j = 0; j < section->SegmentPanelCount(); ++j)
-        json.Number(section->SegmentPanelPitch(j));
-    json.EndArray();
+        panels.push_back(section->SegmentPanelPitch(j));
     if (const ISOSectionResults* results = SectionResults(bladeResults, k))
-        SectionCriteria(json, *results);
-    json.EndObject();
+        AddSectionCriteria(json, *results);
+    return json;
 }
 
-void WriteClassCodes(JsonWriter& json, const EvaluationSummary& summary, int b) {
-    json.Key("ClassCodes").BeginObject();
+Json ClassCodes(const EvaluationSummary& summary, int b) {
+    Json json = Json::object();
     for (int row = 0; row < kISOClassRows; ++row) {
         const auto& codes = summary.classCodes[static_cast<std::size_t>(row)];
-        json.Key(kISOClassRowNames[static_cast<std::size_t>(row)]);
-        if (b < static_cast<int>(codes.size()))
-            json.Integer(codes[static_cast<std::size_t>(b)]);
-        else
-            json.Null();
+        json[kISOClassRowNames[static_cast<std::size_t>(row)]] =
+            b < static_cast<int>(codes.size()) ? Json(codes[static_cast<std::size_t>(b)]) : Json(nullptr);
     }
-    json.EndObject();
+    return json;
 }
 
-void WriteBlade(JsonWriter& json, clsPropeller& scan, int b, const EvaluationSummary& summary) {
+Json Blade(clsPropeller& scan, int b, const EvaluationSummary& summary) {
     const auto blade = scan.Blades(b);
     const ISOResults& results = gISO484->Results();
     const ISOBladeResults* bladeResults =
         summary.isoEvaluated && static_cast<std::size_t>(b) < results.Blades.size()
             ? &results.Blades[static_cast<std::size_t>(b)]
             : nullptr;
-    json.BeginObject()
-        .Field("Index", b)
-        .Field("BladeEnabled", blade->BladeEnabled())
-        .Field("GLPositionThetaDeg", blade->GLPositionThetaDeg())
-        .Field("ISOEffectiveBladeAngleDeg", blade->ISOEffectiveBladeAngleDeg())
-        .Field("ISOBladePitch", blade->ISOBladePitch())
-        .Field("EffectivePitch", blade->EffectivePitch());
+    Json json = {{"Index", b},
+                 {"BladeEnabled", blade->BladeEnabled()},
+                 {"GLPositionThetaDeg", blade->GLPositionThetaDeg()},
+                 {"ISOEffectiveBladeAngleDeg", blade->ISOEffectiveBladeAngleDeg()},
+                 {"ISOBladePitch", blade->ISOBladePitch()},
+                 {"EffectivePitch", blade->EffectivePitch()}};
     if (summary.isoEvaluated) {
-        WriteClassCodes(json, summary, b);
+        json["ClassCodes"] = ClassCodes(summary, b);
         if (bladeResults && bladeResults->Evaluated) {
-            Window(json, "MaxDiameter", bladeResults->MaxDiameter);
-            Window(json, "BladeMeanPitch", bladeResults->BladeMeanPitch);
-            OptionalWindow(json, "BladeSpacing", bladeResults->BladeSpacing);
-            json.Field("SpacingToPrev", bladeResults->SpacingToPrev)
-                .Field("SpacingToNext", bladeResults->SpacingToNext);
+            json["MaxDiameter"] = Window(bladeResults->MaxDiameter);
+            json["BladeMeanPitch"] = Window(bladeResults->BladeMeanPitch);
+            json["BladeSpacing"] = OptionalWindow(bladeResults->BladeSpacing);
+            json["SpacingToPrev"] = bladeResults->SpacingToPrev;
+            json["SpacingToNext"] = bladeResults->SpacingToNext;
         }
     }
-    json.Key("Sections").BeginArray();
+    Json& sections = json["Sections"] = Json::array();
     for (int k = 0; k < blade->SectionCount(); ++k)
-        WriteSection(json, *blade, k, bladeResults && bladeResults->Evaluated ? bladeResults : nullptr);
-    json.EndArray().EndObject();
+        sections.push_back(
+            Section(*blade, k, bladeResults && bladeResults->Evaluated ? bladeResults : nullptr));
+    return json;
 }
 
-void WriteVerdicts(JsonWriter& json, const EvaluationSummary& summary) {
-    json.Field("ReferenceSource", gProject->ReferenceSourceFileTag())
-        .Field("ISOStandard", gISO484->ISOStandardLabel())
-        .Field("ISOClass", gISO484->ISOClassLabel())
-        .Field("ISOCriteria", gISO484->ISOCriteriaLabel());
-    json.Key("ClassStatus")
-        .BeginObject()
-        .Field("Code", summary.classStatus)
-        .Field("StatusWord", StatusWord(summary.classStatus))
-        .EndObject();
-    json.Key("BestClass")
-        .BeginObject()
-        .Field("Code", summary.bestClass)
-        .Field("StatusWord", StatusWord(summary.bestClass))
-        .Field("StandardText", summary.standardText)
-        .Field("Sentence", summary.sentence)
-        .Field("PropellerCode", summary.propellerCode)
-        .EndObject();
-    Window(json, "PropellerMeanPitch", gISO484->Results().PropellerMeanPitch);
+void AddVerdicts(Json& json, const EvaluationSummary& summary) {
+    json["ReferenceSource"] = gProject->ReferenceSourceFileTag();
+    json["ISOStandard"] = gISO484->ISOStandardLabel();
+    json["ISOClass"] = gISO484->ISOClassLabel();
+    json["ISOCriteria"] = gISO484->ISOCriteriaLabel();
+    json["ClassStatus"] = {{"Code", summary.classStatus}, {"StatusWord", StatusWord(summary.classStatus)}};
+    json["BestClass"] = {{"Code", summary.bestClass},
+                         {"StatusWord", StatusWord(summary.bestClass)},
+                         {"StandardText", summary.standardText},
+                         {"Sentence", summary.sentence},
+                         {"PropellerCode", summary.propellerCode}};
+    json["PropellerMeanPitch"] = Window(gISO484->Results().PropellerMeanPitch);
 }
 
 } // namespace
@@ -178,22 +148,20 @@ std::string StatusWord(int code) {
 
 void WriteEvaluationJson(std::ostream& out, const EvaluationSummary& summary) {
     const auto scan = gProject->PropellerScan(summary.scanIndex);
-    JsonWriter json(out);
-    json.BeginObject()
-        .Field("ProjectID", gProject->ProjectID())
-        .Field("PropLength", gUnits->GetUnitPropLengthLabel(-1))
-        .Field("MarkedDiameter", gProject->MarkedDiameter())
-        .Field("BladeCount", gProject->BladeCount())
-        .Field("Rotation", gProject->RotationLabel())
-        .Field("Scan", summary.scanLabel)
-        .Field("ISOPropellerPitch", scan->ISOPropellerPitch())
-        .Field("PitchMean", scan->PitchMean());
+    Json json = {{"ProjectID", gProject->ProjectID()},
+                 {"PropLength", gUnits->GetUnitPropLengthLabel(-1)},
+                 {"MarkedDiameter", gProject->MarkedDiameter()},
+                 {"BladeCount", gProject->BladeCount()},
+                 {"Rotation", gProject->RotationLabel()},
+                 {"Scan", summary.scanLabel},
+                 {"ISOPropellerPitch", scan->ISOPropellerPitch()},
+                 {"PitchMean", scan->PitchMean()}};
     if (summary.isoEvaluated)
-        WriteVerdicts(json, summary);
-    json.Key("Blades").BeginArray();
+        AddVerdicts(json, summary);
+    Json& blades = json["Blades"] = Json::array();
     for (int b = 0; b < scan->BladeCount(); ++b)
-        WriteBlade(json, *scan, b, summary);
-    json.EndArray().EndObject().Finish();
+        blades.push_back(Blade(*scan, b, summary));
+    WriteJson(out, json);
 }
 
 } // namespace corvane::cli

@@ -13,34 +13,22 @@ namespace corvane::cli {
 namespace {
 
 constexpr const char* kCommand = "export-ppp";
-constexpr const char* kUsage = "usage: corvane-cli export-ppp PROJECT OUT.ppp\n";
 
 } // namespace
 
-int RunExportPPP(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    std::vector<std::string> paths;
-    for (const auto& arg : args) {
-        if (arg.empty() || arg[0] == '-' || paths.size() == 2) {
-            err << "corvane-cli export-ppp: unexpected argument '" << arg << "'\n" << kUsage;
-            return 2;
-        }
-        paths.push_back(arg);
-    }
-    if (paths.size() != 2) {
-        err << "corvane-cli export-ppp: a project and an output file are needed\n" << kUsage;
-        return 2;
-    }
-    if (!LoadProject(kCommand, paths[0], err))
+int RunExportPPP(const std::string& projectPath, const std::string& pppPath, std::ostream& out,
+                 std::ostream& err) {
+    if (!LoadProject(kCommand, projectPath, err))
         return 2;
     CheckRequest request;
     if (!SelectScan(kCommand, std::nullopt, "", err, request.scanIndex) ||
         !CheckPassed(kCommand, RunCheck(*gProject, *gISO484, request), err))
         return 2;
-    if (ExportPPPFile(paths[1]) != 1) {
-        err << "corvane-cli export-ppp: cannot write " << paths[1] << "\n";
+    if (ExportPPPFile(pppPath) != 1) {
+        err << "corvane-cli export-ppp: cannot write " << pppPath << "\n";
         return 2;
     }
-    out << "wrote " << paths[1] << "\n";
+    out << "wrote " << pppPath << "\n";
     return 0;
 }
 

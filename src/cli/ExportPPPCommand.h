@@ -2,7 +2,6 @@
 
 #include <iosfwd>
 #include <string>
-#include <vector>
 
 namespace corvane::cli {
 
@@ -10,6 +9,7 @@ namespace corvane::cli {
 // does and writes its reference (the active scan itself when the project has none) as a
 // Michigan Wheel ppp file. Exit 0, or 2 with the reason on standard error; the file is then
 // left as it was.
-int RunExportPPP(const std::vector<std::string>& args, std::ostream& out, std::ostream& err);
+int RunExportPPP(const std::string& projectPath, const std::string& pppPath, std::ostream& out,
+                 std::ostream& err);
 
 } // namespace corvane::cli

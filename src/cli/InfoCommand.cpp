@@ -1,6 +1,6 @@
 #include "cli/InfoCommand.h"
 
-#include "cli/JsonWriter.h"
+#include "cli/JsonOutput.h"
 #include "files/modProjectCommands.h"
 #include "files/modProjectFile.h"
 #include "files/modTesselbyFile.h"
@@ -55,28 +55,27 @@ std::string LastLine(const std::string& text) {
                        end + 1 - (start == std::string::npos ? 0 : start + 1));
 }
 
-void WriteScansJson(JsonWriter& json) {
-    json.Key("Scans").BeginArray();
+Json ScansJson() {
+    Json scans = Json::array();
     for (int hand = 0; hand < 2; ++hand) {
         const int count = hand == 0 ? gProject->RightScanCount() : gProject->LeftScanCount();
         for (int i = 0; i < count; ++i) {
             const auto scan = hand == 0 ? gProject->RightScan(i) : gProject->LeftScan(i);
-            json.BeginObject().Field("Hand", hand == 0 ? "Right" : "Left").Field("Index", i);
-            json.Field("ScanID", scan->ScanID()).Key("Blades").BeginArray();
+            Json blades = Json::array();
             for (int b = 0; b < scan->BladeCount(); ++b) {
                 const auto blade = scan->Blades(b);
-                json.BeginObject()
-                    .Field("SectionCount", blade->SectionCount())
-                    .Key("RawOffsetCount")
-                    .BeginArray();
+                Json points = Json::array();
                 for (int k = 0; k < blade->SectionCount(); ++k)
-                    json.Integer(blade->Section(k)->RawOffsetCount());
-                json.EndArray().EndObject();
+                    points.push_back(blade->Section(k)->RawOffsetCount());
+                blades.push_back({{"SectionCount", blade->SectionCount()}, {"RawOffsetCount", points}});
             }
-            json.EndArray().EndObject();
+            scans.push_back({{"Hand", hand == 0 ? "Right" : "Left"},
+                             {"Index", i},
+                             {"ScanID", scan->ScanID()},
+                             {"Blades", blades}});
         }
     }
-    json.EndArray();
+    return scans;
 }
 
 void WriteScansText(std::ostream& out) {
@@ -99,23 +98,7 @@ void WriteScansText(std::ostream& out) {
 
 } // namespace
 
-int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
-    bool asJson = false;
-    std::string path;
-    for (const auto& arg : args) {
-        if (arg == "--json")
-            asJson = true;
-        else if (path.empty() && (arg.empty() || arg[0] != '-'))
-            path = arg;
-        else {
-            err << "corvane-cli info: unexpected argument '" << arg << "'\n";
-            return 1;
-        }
-    }
-    if (path.empty()) {
-        err << "usage: corvane-cli info FILE [--json]\n";
-        return 1;
-    }
+int RunInfo(const std::string& path, bool asJson, std::ostream& out, std::ostream& err) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(path, error)) {
         err << "corvane-cli info: cannot read " << path << ": no such file\n";
@@ -161,19 +144,16 @@ int RunInfo(const std::vector<std::string>& args, std::ostream& out, std::ostrea
     const std::string classTag = gISO484->ISOClassFileTag(header.classIndex);
     const std::string unitTag = gUnits->PropLengthFileTag(header.propLengthIndex);
     if (asJson) {
-        JsonWriter json(out);
-        json.BeginObject()
-            .Field("ProjectID", header.projectID)
-            .Field("LastModified", header.lastModified)
-            .Field("Customer", header.customer)
-            .Field("MarkedDiameter", header.markedDiameter)
-            .Field("MarkedPitch", header.markedPitch)
-            .Field("BladeCount", header.bladeCount)
-            .Field("ClassIndex", classTag)
-            .Field("PropLength", unitTag)
-            .Field("Notice", notice);
-        WriteScansJson(json);
-        json.EndObject().Finish();
+        WriteJson(out, {{"ProjectID", header.projectID},
+                        {"LastModified", header.lastModified},
+                        {"Customer", header.customer},
+                        {"MarkedDiameter", header.markedDiameter},
+                        {"MarkedPitch", header.markedPitch},
+                        {"BladeCount", header.bladeCount},
+                        {"ClassIndex", classTag},
+                        {"PropLength", unitTag},
+                        {"Notice", notice},
+                        {"Scans", ScansJson()}});
         return 0;
     }
     out << "ProjectID:      " << header.projectID << "\n"

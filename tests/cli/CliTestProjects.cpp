@@ -26,9 +26,9 @@ CliRun Cli(std::vector<std::string> args) {
 
 JsonValue Json(const CliRun& run) {
     EXPECT_EQ(run.code, 0) << run.err;
-    const auto value = ParseJson(run.out);
-    EXPECT_TRUE(value.has_value()) << "not valid JSON:\n" << run.out;
-    return value.value_or(JsonValue{});
+    JsonValue value = JsonValue::parse(run.out, nullptr, false);
+    EXPECT_FALSE(value.is_discarded()) << "not valid JSON:\n" << run.out;
+    return value.is_discarded() ? JsonValue{} : value;
 }
 
 clsVirtualPropeller Ideal(double pitch, std::int16_t rotation) {

@@ -3,15 +3,19 @@
 // Shared by the command tests: running the command line in-process and writing projects made by
 // the virtual propeller.
 
-#include "JsonReader.h"
-
 #include "acquisition/clsVirtualPropeller.h"
+
+#include <nlohmann/json.hpp>
 
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace corvane::cli::test {
+
+// Lookups go through the non-const operator[]: a missing member reads as null, so that a chain
+// of lookups fails in the assertion at its end rather than crashing.
+using JsonValue = nlohmann::json;
 
 struct CliRun {
     int code = 0;
@@ -20,7 +24,8 @@ struct CliRun {
 
 CliRun Cli(std::vector<std::string> args);
 
-// The output of a run that must succeed, parsed; an invalid document fails the test.
+// The output of a run that must succeed, parsed; an invalid document (NaN, text after the
+// object) fails the test and reads as null.
 JsonValue Json(const CliRun& run);
 
 // An ideal propeller of 40 in with constant pitch and chord, no rake or skew: every section of

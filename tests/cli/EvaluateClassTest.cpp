@@ -35,12 +35,10 @@ protected:
         WriteProject(ideal, {Ideal(36.0)});
     }
 
-    static void ExpectVerdict(const JsonValue& json, int status, const std::string& sentence) {
-        EXPECT_EQ(json["ClassStatus"]["Code"].number, status);
-        EXPECT_EQ(json["ClassStatus"]["StatusWord"].text, status == 1   ? "PASS"
-                                                          : status == 2 ? "FAIL"
-                                                                        : "N/A");
-        EXPECT_EQ(json["BestClass"]["Sentence"].text, sentence);
+    static void ExpectVerdict(JsonValue& json, int status, const std::string& sentence) {
+        EXPECT_EQ(json["ClassStatus"]["Code"], status);
+        EXPECT_EQ(json["ClassStatus"]["StatusWord"], status == 1 ? "PASS" : status == 2 ? "FAIL" : "N/A");
+        EXPECT_EQ(json["BestClass"]["Sentence"], sentence);
     }
 
     corvane::test::TempFolder temp;
@@ -48,31 +46,31 @@ protected:
 };
 
 TEST_F(EvaluateClassTest, WithoutReferenceNothingIsJudged) {
-    const JsonValue json = Json(Cli({"evaluate", ideal, "--json"}));
-    EXPECT_EQ(json["ReferenceSource"].text, "None");
-    EXPECT_EQ(json["ISOStandard"].text, "ISO484-2");
+    JsonValue json = Json(Cli({"evaluate", ideal, "--json"}));
+    EXPECT_EQ(json["ReferenceSource"], "None");
+    EXPECT_EQ(json["ISOStandard"], "ISO484-2");
     ExpectVerdict(json, 0, "Scan not evaluated.");
-    EXPECT_EQ(json["BestClass"]["Code"].number, 0);
+    EXPECT_EQ(json["BestClass"]["Code"], 0);
 }
 
 TEST_F(EvaluateClassTest, CleanPropellerMeetsClassSAgainstItsOwnPitch) {
     const CliRun run = Cli({"evaluate", ideal, "--json", "--constant-pitch", "36", "--class", "S"});
-    const JsonValue json = Json(run);
-    EXPECT_EQ(json["ReferenceSource"].text, "InternalScan");
-    EXPECT_EQ(json["ISOClass"].text, "Class S");
+    JsonValue json = Json(run);
+    EXPECT_EQ(json["ReferenceSource"], "InternalScan");
+    EXPECT_EQ(json["ISOClass"], "Class S");
     ExpectVerdict(json, 1, "MEETS OR EXCEEDS CLASS S.");
-    EXPECT_EQ(json["BestClass"]["Code"].number, 1);
-    EXPECT_EQ(json["BestClass"]["PropellerCode"].number, 0);
+    EXPECT_EQ(json["BestClass"]["Code"], 1);
+    EXPECT_EQ(json["BestClass"]["PropellerCode"], 0);
     ASSERT_EQ(json["Blades"].size(), 4u);
-    for (const JsonValue& blade : json["Blades"].items) {
-        EXPECT_TRUE(blade["BladeEnabled"].flag);
-        EXPECT_EQ(blade["ClassCodes"]["Coverage"].number, 0);
-        EXPECT_EQ(blade["ClassCodes"]["NoseTailPitch"].number, 0);
-        EXPECT_EQ(blade["ClassCodes"]["BladeSpacing"].number, 0);
-        EXPECT_TRUE(blade["BladeMeanPitch"]["Pass"].flag);
-        const JsonValue& section = blade["Sections"][0];
-        EXPECT_TRUE(section["NoseTailPitch"]["Pass"].flag);
-        EXPECT_EQ(section["NoseTailPitch"]["Lower"].number, 36.0 - 0.36);
+    for (JsonValue& blade : json["Blades"]) {
+        EXPECT_EQ(blade["BladeEnabled"], true);
+        EXPECT_EQ(blade["ClassCodes"]["Coverage"], 0);
+        EXPECT_EQ(blade["ClassCodes"]["NoseTailPitch"], 0);
+        EXPECT_EQ(blade["ClassCodes"]["BladeSpacing"], 0);
+        EXPECT_EQ(blade["BladeMeanPitch"]["Pass"], true);
+        JsonValue& section = blade["Sections"][0];
+        EXPECT_EQ(section["NoseTailPitch"]["Pass"], true);
+        EXPECT_EQ(section["NoseTailPitch"]["Lower"], 36.0 - 0.36);
         EXPECT_GE(section["LocalPitch"].size(), 1u);
     }
     // The table says the same.
@@ -83,39 +81,37 @@ TEST_F(EvaluateClassTest, CleanPropellerMeetsClassSAgainstItsOwnPitch) {
 
 TEST_F(EvaluateClassTest, ClassAndPitchChangeTheVerdict) {
     // 36.4 is 1.1 % above the scan: outside the mean pitch windows of classes S to 2, inside 3.
-    const JsonValue strict =
-        Json(Cli({"evaluate", ideal, "--json", "--constant-pitch", "36.4", "--class", "S"}));
+    JsonValue strict = Json(Cli({"evaluate", ideal, "--json", "--constant-pitch", "36.4", "--class", "S"}));
     ExpectVerdict(strict, 2, "Fails to meet Class S.");
-    const JsonValue loose =
-        Json(Cli({"evaluate", ideal, "--json", "--constant-pitch", "36.4", "--class", "3"}));
+    JsonValue loose = Json(Cli({"evaluate", ideal, "--json", "--constant-pitch", "36.4", "--class", "3"}));
     ExpectVerdict(loose, 1, "MEETS OR EXCEEDS CLASS 3.");
     // Each criterion keeps the best class it passed: 0.4 in is inside class 1's nose-tail window
     // (1.5 %) but not class S's, while the propeller's mean pitch passes class 3 only.
-    EXPECT_EQ(loose["BestClass"]["PropellerCode"].number, 4);
-    EXPECT_EQ(loose["Blades"][0]["ClassCodes"]["NoseTailPitch"].number, 1);
+    EXPECT_EQ(loose["BestClass"]["PropellerCode"], 4);
+    EXPECT_EQ(loose["Blades"][0]["ClassCodes"]["NoseTailPitch"], 1);
 
     // A variable pitch is taken row by row: section 0 (0.95) against 36.4 here.
-    const JsonValue variable =
+    JsonValue variable =
         Json(Cli({"evaluate", ideal, "--json", "--variable-pitch", "0.9:36,1:36.8", "--class", "S"}));
-    const JsonValue& window = variable["Blades"][0]["Sections"][0]["NoseTailPitch"];
-    EXPECT_NEAR(window["Lower"].number, 36.4 - 0.364, 1e-9);
-    EXPECT_NEAR(window["Upper"].number, 36.4 + 0.364, 1e-9);
-    EXPECT_FALSE(window["Pass"].flag);
-    EXPECT_TRUE(variable["Blades"][0]["Sections"][2]["NoseTailPitch"]["Pass"].flag);
+    JsonValue& window = variable["Blades"][0]["Sections"][0]["NoseTailPitch"];
+    EXPECT_NEAR(window["Lower"].get<double>(), 36.4 - 0.364, 1e-9);
+    EXPECT_NEAR(window["Upper"].get<double>(), 36.4 + 0.364, 1e-9);
+    EXPECT_EQ(window["Pass"], false);
+    EXPECT_EQ(variable["Blades"][0]["Sections"][2]["NoseTailPitch"]["Pass"], true);
     ExpectVerdict(variable, 2, "Fails to meet Class S.");
 
     // The demo's pitch falls off towards hub and tip: against a constant 35.3 in it meets class 2
     // on the primary criteria, and its local pitch is not continuous enough for the secondary.
     const std::string demo = temp.File("demo.cvpj");
     ASSERT_EQ(Cli({"demo", demo}).code, 0);
-    const JsonValue primary = Json(Cli(
+    JsonValue primary = Json(Cli(
         {"evaluate", demo, "--json", "--constant-pitch", "35.3", "--class", "2", "--criteria", "primary"}));
-    EXPECT_EQ(primary["ISOCriteria"].text, "Primary");
+    EXPECT_EQ(primary["ISOCriteria"], "Primary");
     ExpectVerdict(primary, 1, "MEETS OR EXCEEDS CLASS 2.");
-    const JsonValue secondary = Json(Cli(
+    JsonValue secondary = Json(Cli(
         {"evaluate", demo, "--json", "--constant-pitch", "35.3", "--class", "2", "--criteria", "secondary"}));
-    EXPECT_EQ(secondary["ISOCriteria"].text, "Primary & Secondary");
-    EXPECT_EQ(secondary["BestClass"]["StandardText"].text, "ISO 484-2 Primary and Secondary");
+    EXPECT_EQ(secondary["ISOCriteria"], "Primary & Secondary");
+    EXPECT_EQ(secondary["BestClass"]["StandardText"], "ISO 484-2 Primary and Secondary");
     ExpectVerdict(secondary, 2, "Fails to meet Class 2.");
 }
 
@@ -125,13 +121,13 @@ TEST_F(EvaluateClassTest, ExportedPPPServesAsReference) {
     ASSERT_EQ(exported.code, 0) << exported.err;
     ASSERT_TRUE(std::filesystem::is_regular_file(ppp));
 
-    const JsonValue same = Json(Cli({"evaluate", ideal, "--json", "--reference", ppp, "--class", "S"}));
-    EXPECT_EQ(same["ReferenceSource"].text, "ExternalFile");
+    JsonValue same = Json(Cli({"evaluate", ideal, "--json", "--reference", ppp, "--class", "S"}));
+    EXPECT_EQ(same["ReferenceSource"], "ExternalFile");
     ExpectVerdict(same, 1, "MEETS OR EXCEEDS CLASS S.");
 
     const std::string coarse = temp.File("coarse.cvpj");
     WriteProject(coarse, {Ideal(37.0)});
-    const JsonValue off = Json(Cli({"evaluate", coarse, "--json", "--reference", ppp, "--class", "S"}));
+    JsonValue off = Json(Cli({"evaluate", coarse, "--json", "--reference", ppp, "--class", "S"}));
     ExpectVerdict(off, 2, "Fails to meet Class S.");
 }
 
@@ -170,10 +166,10 @@ TEST_F(EvaluateClassTest, ProjectsAreTakenAsTheWindowTakesThem) {
         WriteProject(path, {c.prop}, {}, c.edit);
         std::vector<std::string> args = {"evaluate", path, "--json", "--class", "S"};
         args.insert(args.end(), c.options.begin(), c.options.end());
-        const JsonValue json = Json(Cli(args));
+        JsonValue json = Json(Cli(args));
         ExpectVerdict(json, 1, "MEETS OR EXCEEDS CLASS S.");
-        for (const JsonValue& blade : json["Blades"].items) {
-            EXPECT_TRUE(blade["Sections"][7]["NoseTailPitch"]["Pass"].flag);
+        for (JsonValue& blade : json["Blades"]) {
+            EXPECT_EQ(blade["Sections"][7]["NoseTailPitch"]["Pass"], true);
         }
     }
 }

@@ -33,39 +33,39 @@ protected:
 TEST_F(EvaluateCommandTest, IdealPropellerGivesItsOwnNumbersInEveryBladeAndSection) {
     const std::string path = temp.File("ideal.cvpj");
     WriteProject(path, {Ideal(36.0)});
-    const JsonValue json = Json(Cli({"evaluate", path, "--json"}));
-    EXPECT_EQ(json["ProjectID"].text, "IDEAL-4B");
-    EXPECT_EQ(json["PropLength"].text, "in");
-    EXPECT_EQ(json["MarkedDiameter"].number, 40.0);
-    EXPECT_EQ(json["BladeCount"].number, 4.0);
-    EXPECT_EQ(json["Rotation"].text, "Right");
-    EXPECT_EQ(json["Scan"].text, "A");
-    ExpectRelative(json["ISOPropellerPitch"].number, 36.0, 1e-7, "ISOPropellerPitch");
-    ExpectRelative(json["PitchMean"].number, 36.0, 1e-7, "PitchMean");
+    JsonValue json = Json(Cli({"evaluate", path, "--json"}));
+    EXPECT_EQ(json["ProjectID"], "IDEAL-4B");
+    EXPECT_EQ(json["PropLength"], "in");
+    EXPECT_EQ(json["MarkedDiameter"], 40.0);
+    EXPECT_EQ(json["BladeCount"], 4.0);
+    EXPECT_EQ(json["Rotation"], "Right");
+    EXPECT_EQ(json["Scan"], "A");
+    ExpectRelative(json["ISOPropellerPitch"].get<double>(), 36.0, 1e-7, "ISOPropellerPitch");
+    ExpectRelative(json["PitchMean"].get<double>(), 36.0, 1e-7, "PitchMean");
 
-    const JsonValue& blades = json["Blades"];
+    JsonValue& blades = json["Blades"];
     ASSERT_EQ(blades.size(), 4u);
     const double gl[] = {0, 270, 180, 90};
     for (std::size_t b = 0; b < 4; ++b) {
-        const JsonValue& blade = blades[b];
-        EXPECT_EQ(blade["Index"].number, static_cast<double>(b));
-        EXPECT_NEAR(blade["GLPositionThetaDeg"].number, gl[b], 1e-9);
-        EXPECT_NEAR(blade["ISOEffectiveBladeAngleDeg"].number, gl[b], 1e-6);
-        ExpectRelative(blade["ISOBladePitch"].number, 36.0, 1e-7, "ISOBladePitch");
-        ExpectRelative(blade["EffectivePitch"].number, 36.0, 1e-7, "EffectivePitch");
-        const JsonValue& sections = blade["Sections"];
+        JsonValue& blade = blades[b];
+        EXPECT_EQ(blade["Index"], static_cast<double>(b));
+        EXPECT_NEAR(blade["GLPositionThetaDeg"].get<double>(), gl[b], 1e-9);
+        EXPECT_NEAR(blade["ISOEffectiveBladeAngleDeg"].get<double>(), gl[b], 1e-6);
+        ExpectRelative(blade["ISOBladePitch"].get<double>(), 36.0, 1e-7, "ISOBladePitch");
+        ExpectRelative(blade["EffectivePitch"].get<double>(), 36.0, 1e-7, "EffectivePitch");
+        JsonValue& sections = blade["Sections"];
         ASSERT_EQ(sections.size(), 8u);
         for (std::size_t k = 0; k < 8; ++k) {
-            const JsonValue& section = sections[k];
+            JsonValue& section = sections[k];
             const std::string where = "blade " + std::to_string(b) + " section " + std::to_string(k);
-            EXPECT_EQ(section["Index"].number, static_cast<double>(k));
-            EXPECT_EQ(section["RawOffsetCount"].number, 40.0);
-            EXPECT_NEAR(section["RadialPos"].number, gRadialPositions[k], 1e-9) << where;
-            ExpectRelative(section["Pitch"].number, 36.0, 1e-7, where);
-            ExpectRelative(section["Chord"].number, 8.0, 1e-6, where);
+            EXPECT_EQ(section["Index"], static_cast<double>(k));
+            EXPECT_EQ(section["RawOffsetCount"], 40.0);
+            EXPECT_NEAR(section["RadialPos"].get<double>(), gRadialPositions[k], 1e-9) << where;
+            ExpectRelative(section["Pitch"].get<double>(), 36.0, 1e-7, where);
+            ExpectRelative(section["Chord"].get<double>(), 8.0, 1e-6, where);
             ASSERT_GE(section["SegmentPanelPitch"].size(), 1u) << where;
-            for (const JsonValue& panel : section["SegmentPanelPitch"].items)
-                ExpectRelative(panel.number, 36.0, 1e-7, where + " panel");
+            for (JsonValue& panel : section["SegmentPanelPitch"])
+                ExpectRelative(panel.get<double>(), 36.0, 1e-7, where + " panel");
         }
     }
 
@@ -80,18 +80,18 @@ TEST_F(EvaluateCommandTest, IdealPropellerGivesItsOwnNumbersInEveryBladeAndSecti
 TEST_F(EvaluateCommandTest, HandAndScanChooseTheScan) {
     const std::string path = temp.File("hands.cvpj");
     WriteProject(path, {Ideal(36.0), Ideal(30.0)}, {Ideal(40.0, 1)});
-    const auto pitchOf = [](const CliRun& run) { return Json(run)["ISOPropellerPitch"].number; };
+    const auto pitchOf = [](const CliRun& run) { return Json(run)["ISOPropellerPitch"].get<double>(); };
 
     EXPECT_NEAR(pitchOf(Cli({"evaluate", path, "--json"})), 36.0, 1e-6);
-    const JsonValue second = Json(Cli({"evaluate", path, "--json", "--scan", "1"}));
-    EXPECT_EQ(second["Scan"].text, "B");
-    EXPECT_NEAR(second["ISOPropellerPitch"].number, 30.0, 1e-6);
+    JsonValue second = Json(Cli({"evaluate", path, "--json", "--scan", "1"}));
+    EXPECT_EQ(second["Scan"], "B");
+    EXPECT_NEAR(second["ISOPropellerPitch"].get<double>(), 30.0, 1e-6);
     EXPECT_NEAR(pitchOf(Cli({"evaluate", path, "--json", "--scan", "b"})), 30.0, 1e-6);
 
-    const JsonValue left = Json(Cli({"evaluate", path, "--json", "--hand", "left"}));
-    EXPECT_EQ(left["Rotation"].text, "Left");
-    EXPECT_EQ(left["Scan"].text, "C");
-    EXPECT_NEAR(left["ISOPropellerPitch"].number, 40.0, 1e-6);
+    JsonValue left = Json(Cli({"evaluate", path, "--json", "--hand", "left"}));
+    EXPECT_EQ(left["Rotation"], "Left");
+    EXPECT_EQ(left["Scan"], "C");
+    EXPECT_NEAR(left["ISOPropellerPitch"].get<double>(), 40.0, 1e-6);
 
     for (const std::vector<std::string>& args :
          {std::vector<std::string>{"--scan", "2"}, {"--scan", "Q"}, {"--hand", "left", "--scan", "1"}}) {
@@ -113,16 +113,16 @@ TEST_F(EvaluateCommandTest, SectionWithoutDataGivesNullsAndTheRestIsMeasured) {
         section->SetAxialDropXArray({});
     });
     const CliRun run = Cli({"evaluate", path, "--json"});
-    const JsonValue json = Json(run);
-    const JsonValue& gap = json["Blades"][2]["Sections"][3];
-    EXPECT_EQ(gap["RawOffsetCount"].number, 0.0);
+    JsonValue json = Json(run);
+    JsonValue& gap = json["Blades"][2]["Sections"][3];
+    EXPECT_EQ(gap["RawOffsetCount"], 0.0);
     for (const char* key : {"RadialPos", "Pitch", "RakeAft", "Chord", "SkewHelix", "SegmentChord",
                             "ISOTotalAxialRakeToBCL", "ISOLEArcLengthPerSection", "SegmentPanelPitch"}) {
-        EXPECT_TRUE(gap.Has(key)) << key;
-        EXPECT_TRUE(gap[key].IsNull()) << key;
+        EXPECT_TRUE(gap.contains(key)) << key;
+        EXPECT_TRUE(gap[key].is_null()) << key;
     }
-    ExpectRelative(json["Blades"][2]["Sections"][4]["Pitch"].number, 36.0, 1e-7, "next section");
-    ExpectRelative(json["Blades"][3]["Sections"][3]["Pitch"].number, 36.0, 1e-7, "next blade");
+    ExpectRelative(json["Blades"][2]["Sections"][4]["Pitch"].get<double>(), 36.0, 1e-7, "next section");
+    ExpectRelative(json["Blades"][3]["Sections"][3]["Pitch"].get<double>(), 36.0, 1e-7, "next blade");
 }
 
 TEST_F(EvaluateCommandTest, QuestionsAreAnsweredToGoOnAndShownOnStandardError) {
@@ -143,9 +143,9 @@ TEST_F(EvaluateCommandTest, QuestionsAreAnsweredToGoOnAndShownOnStandardError) {
     ASSERT_EQ(run.code, 0) << run.err;
     // The geometry of the scan without the blade is the check's business; here only that the
     // evaluation went on to the end.
-    const JsonValue json = Json(run);
-    ExpectRelative(json["ISOPropellerPitch"].number, 36.0, 1e-7, "ISOPropellerPitch");
-    EXPECT_EQ(json["Blades"][1]["Sections"][0]["RawOffsetCount"].number, 0.0);
+    JsonValue json = Json(run);
+    ExpectRelative(json["ISOPropellerPitch"].get<double>(), 36.0, 1e-7, "ISOPropellerPitch");
+    EXPECT_EQ(json["Blades"][1]["Sections"][0]["RawOffsetCount"], 0.0);
 }
 
 TEST_F(EvaluateCommandTest, WrongOptionsExitTwoWithTheUsage) {
