@@ -92,7 +92,7 @@ void BM_ReadProject(benchmark::State& state) {
     WriteProjectFile(scratch.Path());
     for (auto _ : state) {
         CreateNewProject();
-        if (ReadProjectFile(scratch.Path(), false) != 1)
+        if (ReadProjectFile(scratch.Path()).status != 1)
             state.SkipWithError("read failed");
     }
     state.SetComplexityN(state.range(0));

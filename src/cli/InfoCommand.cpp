@@ -1,9 +1,8 @@
 #include "cli/InfoCommand.h"
 
 #include "cli/JsonOutput.h"
-#include "files/modProjectCommands.h"
+#include "cli/ProjectLoader.h"
 #include "files/modProjectFile.h"
-#include "files/modTesselbyFile.h"
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsBlades.h"
@@ -11,11 +10,7 @@
 #include "model/clsPropeller.h"
 #include "model/clsSection.h"
 #include "model/clsUnits.h"
-#include "support/ScriptedPrompts.h"
-#include "support/Services.h"
-#include "support/modNVSystemUtilities.h"
 
-#include <filesystem>
 #include <ostream>
 
 namespace corvane::cli {
@@ -26,34 +21,6 @@ struct Header {
     double markedDiameter = 0;
     std::int16_t bladeCount = 0, classIndex = 0, propLengthIndex = 0;
 };
-
-std::string Lower(std::string text) {
-    for (char& c : text)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return text;
-}
-
-// The notices the reader showed, as one text: each message on its own line.
-std::string CollectedNotice(const ScriptedPrompts& prompts) {
-    std::string text;
-    for (const auto& shown : prompts.History()) {
-        if (!text.empty())
-            text += "\r\n";
-        text += shown.text;
-    }
-    return text;
-}
-
-// The last line that says something: a reader stops at the item it could not do without, which
-// it notes last.
-std::string LastLine(const std::string& text) {
-    const auto end = text.find_last_not_of(" \r\n");
-    if (end == std::string::npos)
-        return {};
-    const auto start = text.find_last_of("\r\n", end);
-    return text.substr(start == std::string::npos ? 0 : start + 1,
-                       end + 1 - (start == std::string::npos ? 0 : start + 1));
-}
 
 Json ScansJson() {
     Json scans = Json::array();
@@ -99,32 +66,13 @@ void WriteScansText(std::ostream& out) {
 } // namespace
 
 int RunInfo(const std::string& path, bool asJson, std::ostream& out, std::ostream& err) {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(path, error)) {
-        err << "corvane-cli info: cannot read " << path << ": no such file\n";
+    // The reader's notices are not printed: they are part of the answer.
+    FileReadResult read;
+    if (!ReadProject("info", path, err, read))
         return 2;
-    }
-
-    // The reader's notices are collected, not printed: they are part of the answer.
-    ScriptedPrompts notices;
-    notices.SetAnswerFreely(true);
-    Services services = InstalledServices();
-    services.prompts = &notices;
-    ServiceScope scope(services);
-    CreateNewProject();
-    notices.Clear();
-    const bool tesselby = Lower(FileExtensionOf(path)) == "tbsc";
-    const int result = tesselby ? ReadTesselbyFile(path, true) : ReadProjectFile(path, true);
-    const std::string notice = CollectedNotice(notices);
-    if (!HoldsProjectBlocks(path)) {
-        err << "corvane-cli info: cannot read " << path << ": not a Corvane project file\n";
-        return 2;
-    }
-    if (result != 1) {
-        err << "corvane-cli info: cannot read " << path << ": "
-            << (notice.empty() ? "the file is damaged" : LastLine(notice)) << "\n";
-        return 2;
-    }
+    std::string notice;
+    for (const Notice& shown : read.notices)
+        notice += (notice.empty() ? "" : "\r\n") + shown.text;
 
     // The header as the library lists it; an older file without a Project block has its values
     // in other blocks, which the full read has found.

@@ -47,8 +47,8 @@ bool ReadReferenceFile(const std::string& path, std::ostream& err) {
     if (extension == "cvrf") {
         bool flagged = false;
         std::string text;
-        if (ReadReferenceBlocks(path, *source, flagged, text, false) != 1 ||
-            ResortReferenceSections(*source) != 1 || !HasSections(*source)) {
+        if (ReadReferenceBlocks(path, *source, flagged, text) != 1 || ResortReferenceSections(*source) != 1 ||
+            !HasSections(*source)) {
             err << prefix << (text.empty() ? "no usable reference blocks" : text) << "\n";
             return false;
         }

@@ -140,7 +140,9 @@ int CreateNewProject() {
 
 int OpenProjectFile(const std::string& path) {
     CreateNewProject();
-    if (ReadProjectFile(path, true) != 1) {
+    const FileReadResult read = ReadProjectFile(path);
+    ShowNotices(read.notices);
+    if (!read.Usable()) {
         Prompts().MessageBox("An error occurred reading the file. Please check the file data and try again.",
                              MsgBox::Critical, "File read error");
         CreateNewProject();

@@ -177,8 +177,7 @@ void RefreshExternalReference(BlockReader& reader) {
             const std::shared_ptr<clsPropeller> copy = project.ReferenceSource()->CopyClass();
             refreshed =
                 extension == "cvrf"
-                    ? ReadReferenceBlocks(referencePath, *copy, reader.errorFlag, reader.errorText, false) ==
-                          1
+                    ? ReadReferenceBlocks(referencePath, *copy, reader.errorFlag, reader.errorText) == 1
                     : ReadPPPFile(referencePath, *copy, project.BladeCount()).status == PPPReadStatus::Read;
             if (refreshed) {
                 project.SetReferenceSource(copy);
@@ -237,9 +236,9 @@ ReadOutcome ReadProjectBlocks(BlockReader& reader) {
         return ReadOutcome::FailureExit;
     }
     // The reference blocks of this same file, in the present form or else the legacy one.
-    if (ReadReferenceBlocks(reader.path, *gProject->ReferenceSource(), reader.errorFlag, reader.errorText,
-                            false) == 0 &&
-        ReadLegacyReferenceBlocks(reader.path, reader.errorFlag, reader.errorText, false) == 0) {
+    if (ReadReferenceBlocks(reader.path, *gProject->ReferenceSource(), reader.errorFlag, reader.errorText) ==
+            0 &&
+        ReadLegacyReferenceBlocks(reader.path, reader.errorFlag, reader.errorText) == 0) {
         return ReadOutcome::FailureExit;
     }
     if (!tail.Step([&] { RefreshExternalReference(reader); })) {
@@ -250,8 +249,8 @@ ReadOutcome ReadProjectBlocks(BlockReader& reader) {
 
 } // namespace
 
-int ReadProjectFile(const std::string& path, bool showNotice) {
-    return RunFileRead(path, showNotice, "reading the cvpj file from disk",
+FileReadResult ReadProjectFile(const std::string& path) {
+    return RunFileRead(path, "reading the cvpj file from disk",
                        [&](BlockReader& reader) { return ReadProjectBlocks(reader); });
 }
 

@@ -18,6 +18,8 @@
 
 #include "model/clsPropeller.h"
 
+#include "files/FileReadResult.h"
+
 #include <cstdint>
 #include <string>
 
@@ -33,14 +35,15 @@ namespace corvane {
 int WriteProjectFile(const std::string& path);
 
 // Reads a project file into gProject and gISO484, which the caller has just created: the
-// reader fills them and clears nothing. Missing or unknown items are collected; with
-// showNotice they are shown once at the end under "File read notice". 1 for a usable project
-// (with or without a notice), 0 when a needed block is missing or an error was ignored.
+// reader fills them and clears nothing. Missing or unknown items are collected and handed back
+// with the notice the window shows for them under "File read notice"; the status is 1 for a
+// usable project (with or without a notice), 0 when a needed block is missing or an error was
+// ignored.
 //
 // A reference saved from a cvrf or ppp file that still exists is read again from that file; when
 // that cannot be done the embedded copy serves and ReferenceSourceFilePath keeps only the file
 // name.
-int ReadProjectFile(const std::string& path, bool showNotice);
+FileReadResult ReadProjectFile(const std::string& path);
 
 // The few values the project library lists, from the Project and PropellerInfo blocks of a
 // project or sibling-format file. Touches neither gProject nor the screen; 0 when either block

@@ -48,15 +48,15 @@ void AddMissingBlock(bool& errorFlag, std::string& errorText, const std::string&
     errorText += kCrLf + "Block " + block + " not found.";
 }
 
-void ShowReadNotice(bool success, bool showNotice, bool errorFlag, const std::string& errorText) {
-    if (!showNotice || !errorFlag) {
+void AddReadNotice(std::vector<Notice>& notices, bool success, bool errorFlag, const std::string& errorText) {
+    if (!errorFlag) {
         return;
     }
     if (success) {
-        Prompts().MessageBox(kNoticeHeading + kCrLf + errorText, MsgBox::OKOnly | MsgBox::Exclamation,
-                             kNoticeTitle);
+        notices.push_back(
+            {kNoticeTitle, kNoticeHeading + kCrLf + errorText, MsgBox::OKOnly | MsgBox::Exclamation});
     } else {
-        Prompts().MessageBox(errorText, MsgBox::OKOnly | MsgBox::Critical, kNoticeTitle);
+        notices.push_back({kNoticeTitle, errorText, MsgBox::OKOnly | MsgBox::Critical});
     }
 }
 
@@ -225,32 +225,35 @@ bool ReadLimits::TakeUnbacked(std::int64_t count) {
     return true;
 }
 
-int RunFileRead(const std::string& path, bool showNotice, const std::string& context,
-                const std::function<ReadOutcome(BlockReader&)>& readBlocks) {
+FileReadResult RunFileRead(const std::string& path, const std::string& context,
+                           const std::function<ReadOutcome(BlockReader&)>& readBlocks) {
+    FileReadResult result;
     bool errorFlag = false;
-    std::string errorText;
+    std::string& errorText = result.collected;
     if (path.empty()) {
         errorFlag = true;
         errorText += kNoFilepath;
-        ShowReadNotice(false, showNotice, errorFlag, errorText);
-        return 0;
+        AddReadNotice(result.notices, false, errorFlag, errorText);
+        return result;
     }
     clsFileINI file;
     const ReadSnapshot snapshot(file, path);
     ErrorTail tail(context);
     ReadLimits limits(path);
-    BlockReader reader{file, path, errorFlag, errorText, tail, limits};
+    BlockReader reader{file, path, errorFlag, errorText, tail, limits, result.notices};
     switch (readBlocks(reader)) {
     case ReadOutcome::Continue:
-        ShowReadNotice(true, showNotice, errorFlag, errorText);
-        return 1;
+        AddReadNotice(result.notices, true, errorFlag, errorText);
+        result.status = 1;
+        break;
     case ReadOutcome::FailureExit:
-        ShowReadNotice(false, showNotice, errorFlag, errorText);
-        return 0;
+        AddReadNotice(result.notices, false, errorFlag, errorText);
+        break;
     case ReadOutcome::Abandoned:
+        result.abandoned = true;
         break;
     }
-    return 0;
+    return result;
 }
 
 void ReadRawPoints(BlockReader& reader, const std::string& block, clsSection& section, int count) {

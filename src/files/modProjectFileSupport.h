@@ -4,6 +4,7 @@
 // notice texts, the word tables of index tags, the text forms of a few odd fields, and the
 // limits that keep a damaged file from making a reader allocate more than the file can fill.
 
+#include "files/FileReadResult.h"
 #include "files/clsFileINI.h"
 #include "model/clsSection.h"
 #include "support/ErrorTail.h"
@@ -24,10 +25,10 @@ inline const std::string kNoFilepath = " No Filepath ";
 // CR LF, "Block ", the name and " not found." added to the text; the flag set.
 void AddMissingBlock(bool& errorFlag, std::string& errorText, const std::string& block);
 
-// The end of a read, when showNotice is true and something was flagged: a success shows the
-// heading and the collected text with the exclamation icon, a failure the text alone with the
-// stop icon, both under "File read notice".
-void ShowReadNotice(bool success, bool showNotice, bool errorFlag, const std::string& errorText);
+// The end of a read that flagged something: a success tells the heading and the collected text
+// with the exclamation icon, a failure the text alone with the stop icon, both under "File read
+// notice".
+void AddReadNotice(std::vector<Notice>& notices, bool success, bool errorFlag, const std::string& errorText);
 
 // A count or index that a file holds as a float, converted as the historic integer assignment
 // did: rounded half to even; not finite or beyond 16 bits throws the Overflow CorvaneError.
@@ -97,6 +98,7 @@ struct BlockReader {
     std::string& errorText;
     ErrorTail& tail;
     ReadLimits& limits;
+    std::vector<Notice>& notices; // told along the way, before the closing notice
 };
 
 // Holds one parsed copy of a file for the length of a read, so that every block of the read
@@ -122,10 +124,10 @@ enum class ReadOutcome {
 };
 
 // The frame of a whole-file read: no path fails at once; otherwise one snapshot of the file, an
-// error tail with the reader's context, `readBlocks` for the blocks, and the closing notice
-// (when `showNotice`) of what was collected. 1 when the blocks were read, 0 otherwise.
-int RunFileRead(const std::string& path, bool showNotice, const std::string& context,
-                const std::function<ReadOutcome(BlockReader&)>& readBlocks);
+// error tail with the reader's context, `readBlocks` for the blocks, and the closing notice of
+// what was collected.
+FileReadResult RunFileRead(const std::string& path, const std::string& context,
+                           const std::function<ReadOutcome(BlockReader&)>& readBlocks);
 
 // Reads the raw points of a section whose block is loaded: `count` points in Radius, ThetaDeg
 // and AxialDropX. The section gets RawOffsetCount `count`; an array whose element count

@@ -152,12 +152,13 @@ int WriteReferenceBlocks(const std::string& path, const clsPropeller& propeller,
 }
 
 int ReadReferenceBlocks(const std::string& path, clsPropeller& propeller, bool& errorFlag,
-                        std::string& errorText, bool /*showNotice*/) {
+                        std::string& errorText) {
     clsFileINI file;
     const ReadSnapshot snapshot(file, path);
     ErrorTail tail("reading the cvrf file reference block");
     ReadLimits limits(path);
-    BlockReader reader{file, path, errorFlag, errorText, tail, limits};
+    std::vector<Notice> notices; // the reference readers tell nothing on the way
+    BlockReader reader{file, path, errorFlag, errorText, tail, limits, notices};
 
     bool present = false;
     if (!tail.Step([&] {
@@ -205,16 +206,9 @@ int ReadReferenceBlocks(const std::string& path, clsPropeller& propeller, bool& 
     return 1;
 }
 
-int ReadLegacyReferenceBlocks(const std::string& path, bool& errorFlag, std::string& errorText,
-                              bool showNotice) {
-    const auto failure = [&] {
-        ShowReadNotice(false, showNotice, errorFlag, errorText);
-        return 0;
-    };
-    const auto success = [&] {
-        ShowReadNotice(true, showNotice, errorFlag, errorText);
-        return 1;
-    };
+int ReadLegacyReferenceBlocks(const std::string& path, bool& errorFlag, std::string& errorText) {
+    const auto failure = [] { return 0; };
+    const auto success = [] { return 1; };
     if (path.empty()) {
         errorFlag = true;
         errorText += kNoFilepath;
@@ -224,7 +218,8 @@ int ReadLegacyReferenceBlocks(const std::string& path, bool& errorFlag, std::str
     const ReadSnapshot snapshot(file, path);
     ErrorTail tail("reading the legacy reference file block");
     ReadLimits limits(path);
-    BlockReader reader{file, path, errorFlag, errorText, tail, limits};
+    std::vector<Notice> notices; // the reference readers tell nothing on the way
+    BlockReader reader{file, path, errorFlag, errorText, tail, limits, notices};
 
     std::shared_ptr<clsPropeller> propeller;
     bool found = false;

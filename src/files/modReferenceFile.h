@@ -29,15 +29,14 @@ int WriteReferenceBlocks(const std::string& path, const clsPropeller& propeller,
 // Reads the blocks into the propeller, which gets one blade. A file without a
 // ReferencePropeller block is no error: 1, and the propeller stays as it is. A missing blade
 // or section block sets the flag and gives 0; a SegmentPanelPitch whose length differs from
-// SegmentPanelCount sets the flag and is dropped. showNotice is not used: callers show the
-// collected text.
+// SegmentPanelCount sets the flag and is dropped. Shows nothing: callers tell the collected
+// text.
 int ReadReferenceBlocks(const std::string& path, clsPropeller& propeller, bool& errorFlag,
-                        std::string& errorText, bool showNotice);
+                        std::string& errorText);
 
 // Reads the legacy blocks into gProject's ReferenceSource and builds its other blades from
-// blade 0, each turned by its share of the circle. With showNotice, a flagged read ends with
-// the "File read notice". 1, or 0 for an empty path or a missing blade or section block.
-int ReadLegacyReferenceBlocks(const std::string& path, bool& errorFlag, std::string& errorText,
-                              bool showNotice);
+// blade 0, each turned by its share of the circle. Shows nothing: the collected text goes back
+// to the caller. 1, or 0 for an empty path or a missing blade or section block.
+int ReadLegacyReferenceBlocks(const std::string& path, bool& errorFlag, std::string& errorText);
 
 } // namespace corvane

@@ -91,7 +91,7 @@ void ReadReferenceSettings(BlockReader& reader) {
     }
 }
 
-ReadOutcome ReadTesselbyBlocks(BlockReader& reader, bool showNotice) {
+ReadOutcome ReadTesselbyBlocks(BlockReader& reader) {
     clsFileINI& file = reader.file;
     ErrorTail& tail = reader.tail;
     double schema = 0;
@@ -108,8 +108,8 @@ ReadOutcome ReadTesselbyBlocks(BlockReader& reader, bool showNotice) {
         })) {
         return ReadOutcome::Abandoned;
     }
-    if (schema < 1 &&
-        ReadLegacyProjectBlocks(file, reader.path, 0, reader.errorFlag, reader.errorText, showNotice) == 0) {
+    if (schema < 1 && ReadLegacyProjectBlocks(file, reader.path, 0, reader.errorFlag, reader.errorText,
+                                              reader.notices) == 0) {
         return ReadOutcome::Abandoned; // the legacy reader has shown its notice
     }
     if (!tail.Step([&] {
@@ -161,10 +161,9 @@ ReadOutcome ReadTesselbyBlocks(BlockReader& reader, bool showNotice) {
         AddMissingBlock(reader.errorFlag, reader.errorText, "ReferencePropellerInfo");
         return ReadOutcome::FailureExit;
     }
-    const int read = schema >= 2
-                         ? ReadReferenceBlocks(reader.path, *project.ReferenceSource(), reader.errorFlag,
-                                               reader.errorText, false)
-                         : ReadLegacyReferenceBlocks(reader.path, reader.errorFlag, reader.errorText, false);
+    const int read = schema >= 2 ? ReadReferenceBlocks(reader.path, *project.ReferenceSource(),
+                                                       reader.errorFlag, reader.errorText)
+                                 : ReadLegacyReferenceBlocks(reader.path, reader.errorFlag, reader.errorText);
     if (read == 0) {
         return ReadOutcome::FailureExit;
     }
@@ -175,19 +174,17 @@ ReadOutcome ReadTesselbyBlocks(BlockReader& reader, bool showNotice) {
 
 } // namespace
 
-int ReadTesselbyFile(const std::string& path, bool showNotice) {
-    return RunFileRead(path, showNotice, "reading the TBSC file from disk",
-                       [&](BlockReader& reader) { return ReadTesselbyBlocks(reader, showNotice); });
+FileReadResult ReadTesselbyFile(const std::string& path) {
+    return RunFileRead(path, "reading the TBSC file from disk",
+                       [&](BlockReader& reader) { return ReadTesselbyBlocks(reader); });
 }
 
 int ReadLegacyProjectBlocks(clsFileINI& file, const std::string& path, int /*schemaVersion*/, bool& errorFlag,
-                            std::string& errorText, bool showNotice) {
+                            std::string& errorText, std::vector<Notice>& notices) {
     ErrorTail tail("reading the legacy project blocks");
     const auto missing = [&](const std::string& block) {
         AddMissingBlock(errorFlag, errorText, block);
-        if (showNotice) {
-            Prompts().MessageBox(errorText, MsgBox::OKOnly | MsgBox::Critical, "Legacy file read notice");
-        }
+        notices.push_back({"Legacy file read notice", errorText, MsgBox::OKOnly | MsgBox::Critical});
         return 0;
     };
     bool found = false;

@@ -153,13 +153,14 @@ void FileCommands::mnuFileImport_Click() {
     SetWaitCursor(true);
     CreateNewProject();
     window_.ProjectPage().CheckProjectData(true);
-    int result = 0;
+    FileReadResult read;
     if (type == kImportProject) {
-        result = ReadProjectFile(dialog.FileName, true);
+        read = ReadProjectFile(dialog.FileName);
     } else if (type == kImportTesselby && !OfficeMode()) {
-        result = ReadTesselbyFile(dialog.FileName, true);
+        read = ReadTesselbyFile(dialog.FileName);
     }
-    if (result != 1) {
+    ShowNotices(read.notices);
+    if (!read.Usable()) {
         Prompts().MessageBox("An error occurred reading the file. All the data was read, but some data is "
                              "missing. Please review "
                              "the file.",

@@ -1,3 +1,4 @@
+#include "common/ReadShown.h"
 #include "files/modProjectFile.h"
 
 #include "ProjectFileTestSupport.h"
@@ -26,7 +27,7 @@ protected:
 TEST_F(modProjectFileReadTest, SchemaZeroFileReadsWithItsOldRulesAndOneNotice) {
     const std::string path = Fixture("schema0.cvpj");
     prompts.Expect(Answer::OK, "Missing or updated data items:");
-    ASSERT_EQ(ReadProjectFile(path, true), 1);
+    ASSERT_EQ(ReadProjectShown(path), 1);
     ASSERT_EQ(prompts.History().size(), 1u);
     EXPECT_EQ(prompts.History()[0].title, "File read notice");
     EXPECT_EQ(prompts.History()[0].style, MsgBox::OKOnly | MsgBox::Exclamation);
@@ -66,7 +67,7 @@ TEST_F(modProjectFileReadTest, SchemaZeroFileReadsWithItsOldRulesAndOneNotice) {
 
 TEST_F(modProjectFileReadTest, SchemaOneFileReadsTheScanSourceButNotThePitchSource) {
     const std::string path = Fixture("schema1.cvpj");
-    ASSERT_EQ(ReadProjectFile(path, true), 1);
+    ASSERT_EQ(ReadProjectShown(path), 1);
     const clsCorvane& p = *gProject;
     EXPECT_EQ(gISO484->ISOTaskIndex(), 1); // "Repair" is the old name of task 1
     EXPECT_EQ(gISO484->ISOCriteriaIndex(), 1);
@@ -106,7 +107,7 @@ TEST_F(modProjectFileReadTest, MissingScanBlocksOfTheTwoHands) {
         "ReferenceSectionPitchSource=Manual\n";
     const std::string right = Put("right.cvpj", std::regex_replace(blocks, std::regex("LEFT"), "0") + tail);
     prompts.Expect(Answer::OK);
-    ASSERT_EQ(ReadProjectFile(right, true), 1);
+    ASSERT_EQ(ReadProjectShown(right), 1);
     EXPECT_EQ(Notice(), "Missing or updated data items:\r\n\r\nBlock RightPropeller1 not found.");
     EXPECT_EQ(gProject->RightScan(0)->BladeCount(), 2); // the empty header keeps the project's blades
 
@@ -114,7 +115,7 @@ TEST_F(modProjectFileReadTest, MissingScanBlocksOfTheTwoHands) {
     test::MakeFreshProject();
     const std::string left = Put("left.cvpj", std::regex_replace(blocks, std::regex("LEFT"), "1") + tail);
     prompts.Expect(Answer::OK);
-    EXPECT_EQ(ReadProjectFile(left, true), 0);
+    EXPECT_EQ(ReadProjectShown(left), 0);
     EXPECT_EQ(prompts.History().back().style, MsgBox::OKOnly | MsgBox::Critical);
     EXPECT_EQ(Notice(), "\r\nBlock RightPropeller1 not found.\r\nBlock LeftPropeller1 not found.");
 }
@@ -122,29 +123,28 @@ TEST_F(modProjectFileReadTest, MissingScanBlocksOfTheTwoHands) {
 TEST_F(modProjectFileReadTest, FailureExitsAndTheirNotices) {
     // An empty path.
     prompts.Expect(Answer::OK);
-    EXPECT_EQ(ReadProjectFile("", true), 0);
+    EXPECT_EQ(ReadProjectShown(""), 0);
     EXPECT_EQ(Notice(), " No Filepath ");
     EXPECT_EQ(prompts.History().back().title, "File read notice");
 
     // No PropellerInfo: failure with nothing flagged, so nothing shown.
-    EXPECT_EQ(ReadProjectFile(Put("bare.cvpj", "[Project]\nSchemaVersion=2\nPropLength=ft\n"), true), 0);
+    EXPECT_EQ(ReadProjectShown(Put("bare.cvpj", "[Project]\nSchemaVersion=2\nPropLength=ft\n")), 0);
     EXPECT_EQ(prompts.History().size(), 1u);
 
     // A missing blade block ends the read; the notice holds what was flagged before.
     EXPECT_EQ(ReadProjectFile(Put("blade.cvpj", "[Project]\nPropLength=ft\n[PropellerInfo]\nRotation=Right\n"
                                                 "ISOTaskIndex=ClassSpec\nISOCriteriaIndex=Primary\n"
                                                 "ClassIndex=ClassS\nIncludeInnerRadiusIndex=Off\n"
-                                                "RightScanCount=1\n[RightPropeller1]\nBladeCount=1\n"),
-                              false),
+                                                "RightScanCount=1\n[RightPropeller1]\nBladeCount=1\n"))
+                  .status,
               0);
 
     // No ReferencePropellerInfo.
     test::MakeFreshProject();
     prompts.Expect(Answer::OK);
-    EXPECT_EQ(ReadProjectFile(Put("noref.cvpj", "[Project]\nPropLength=ft\n[PropellerInfo]\nRotation=Right\n"
-                                                "ISOTaskIndex=ClassSpec\nISOCriteriaIndex=Primary\n"
-                                                "ClassIndex=ClassS\nIncludeInnerRadiusIndex=Off\n"),
-                              true),
+    EXPECT_EQ(ReadProjectShown(Put("noref.cvpj", "[Project]\nPropLength=ft\n[PropellerInfo]\nRotation=Right\n"
+                                                 "ISOTaskIndex=ClassSpec\nISOCriteriaIndex=Primary\n"
+                                                 "ClassIndex=ClassS\nIncludeInnerRadiusIndex=Off\n")),
               0);
     EXPECT_EQ(Notice(), "\r\nBlock ReferencePropellerInfo not found.");
 }
@@ -162,7 +162,7 @@ TEST_F(modProjectFileReadTest, AnArrayOfTheWrongLengthIsDroppedWithoutAWord) {
 
     test::MakeFreshProject();
     prompts.Expect(Answer::OK);
-    ASSERT_EQ(ReadProjectFile(path, true), 1);
+    ASSERT_EQ(ReadProjectShown(path), 1);
     EXPECT_EQ(Notice(), "Missing or updated data items:\r\n");
     const clsSection& section = *gProject->LeftScan(0)->Blades(0)->Section(0);
     EXPECT_EQ(section.RawOffsetCount(), 4);
@@ -184,7 +184,7 @@ TEST_F(modProjectFileReadTest, CountsBeyondTheFileAreCutWithANotice) {
             "ReferenceSectionPitch=SectionPitchConstant\nReferenceLocalPitch=LocalPitchFlatFace\n"
             "ReferenceSectionPitchSource=Manual\n";
     prompts.Expect(Answer::OK);
-    ASSERT_EQ(ReadProjectFile(Put("points.cvpj", text), true), 1);
+    ASSERT_EQ(ReadProjectShown(Put("points.cvpj", text)), 1);
     long long points = 0;
     int emptied = 0;
     for (int k = 0; k < 20; ++k) {
@@ -202,9 +202,8 @@ TEST_F(modProjectFileReadTest, CountsBeyondTheFileAreCutWithANotice) {
     test::MakeFreshProject();
     prompts.Expect(Answer::OK);
     EXPECT_EQ(
-        ReadProjectFile(Put("scans.cvpj", "[Project]\nPropLength=ft\n[PropellerInfo]\nBladeCount=30000\n"
-                                          "Rotation=Right\nRightScanCount=30000\nLeftScanCount=32767\n"),
-                        true),
+        ReadProjectShown(Put("scans.cvpj", "[Project]\nPropLength=ft\n[PropellerInfo]\nBladeCount=30000\n"
+                                           "Rotation=Right\nRightScanCount=30000\nLeftScanCount=32767\n")),
         0);
     EXPECT_EQ(gProject->RightScanCount(), 1);
     EXPECT_NE(Notice().find(
@@ -217,7 +216,7 @@ TEST_F(modProjectFileReadTest, AnErrorInTheReaderGoesToTheHandler) {
         Put("overflow.cvpj", "[Project]\nPropLength=ft\n[PropellerInfo]\nRightScanCount=1E9\n");
     prompts.Expect(Answer::Retry, "reading the cvpj file from disk");
     prompts.Expect(Answer::Ignore, "reading the cvpj file from disk");
-    EXPECT_EQ(ReadProjectFile(path, true), 0);
+    EXPECT_EQ(ReadProjectShown(path), 0);
     EXPECT_EQ(prompts.History().size(), 2u); // and no notice after an ignored error
 }
 
@@ -235,7 +234,7 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
     ASSERT_EQ(WriteProjectFile(path), 1);
 
     test::MakeFreshProject();
-    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    ASSERT_EQ(ReadProjectFile(path).status, 1);
     EXPECT_EQ(gProject->ReferenceSource()->Diameter(), 999.5);
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), refPath);
 
@@ -243,7 +242,7 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
     test::WriteTextFile(refPath, test::Crlf("[ReferencePropeller]\nDiameter=5\n"));
     test::MakeFreshProject();
     prompts.Expect(Answer::OK);
-    ASSERT_EQ(ReadProjectFile(path, true), 1);
+    ASSERT_EQ(ReadProjectShown(path), 1);
     EXPECT_EQ(gProject->ReferenceSource()->Diameter(), 1250.0);
     EXPECT_EQ(gProject->ReferenceSource()->Blades(0)->SectionCount(), 3);
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), "outside.cvrf");
@@ -257,7 +256,7 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
     gProject->SetReferenceSourceFilePath(pppPath);
     ASSERT_EQ(WriteProjectFile(path), 1);
     test::MakeFreshProject();
-    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    ASSERT_EQ(ReadProjectFile(path).status, 1);
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), "design.PPP");
 
     std::filesystem::copy_file(std::string(CORVANE_SOURCE_DIR) + "/data/legacy/reference.ppp", pppPath,
@@ -267,7 +266,7 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
     gProject->SetReferenceSourceFilePath(pppPath);
     ASSERT_EQ(WriteProjectFile(path), 1);
     test::MakeFreshProject();
-    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    ASSERT_EQ(ReadProjectFile(path).status, 1);
     EXPECT_EQ(gProject->ReferenceSource()->Diameter(), 40.0);
     EXPECT_EQ(gProject->ReferenceSource()->Blades(0)->SectionCount(), 5);
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), pppPath);

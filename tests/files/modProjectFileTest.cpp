@@ -1,4 +1,5 @@
 #include "files/modProjectFile.h"
+#include "common/ReadShown.h"
 
 #include "ProjectFileTestSupport.h"
 #include "files/modReferenceFile.h"
@@ -138,7 +139,7 @@ TEST_F(modProjectFileTest, RoundTripKeepsEveryFiledMemberOfBothHands) {
     ASSERT_EQ(WriteProjectFile(path), 1);
 
     test::MakeFreshProject();
-    ASSERT_EQ(ReadProjectFile(path, true), 1);
+    ASSERT_EQ(ReadProjectShown(path), 1);
     test::ExpectFiledMembersEqual(written);
     // The external reference file is gone: the embedded copy serves, under its bare name.
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), "blue-line.cvrf");
@@ -172,7 +173,7 @@ TEST_F(modProjectFileTest, SavingAgainKeepsBlocksItNoLongerWritesUnread) {
     }
 
     test::MakeFreshProject();
-    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    ASSERT_EQ(ReadProjectFile(path).status, 1);
     EXPECT_EQ(gProject->RightScanCount(), 1);
     EXPECT_EQ(gProject->Customer(), "Green Line");
 }
@@ -209,7 +210,7 @@ TEST_F(modProjectFileTest, LineBreaksNeverLeaveTheirLine) {
     ASSERT_EQ(WriteProjectFile(path), 1);
     EXPECT_NE(test::ReadTextFile(path).find("Notes=one|two|three|four\r\n"), std::string::npos);
     test::MakeFreshProject();
-    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    ASSERT_EQ(ReadProjectFile(path).status, 1);
     EXPECT_EQ(gProject->Notes(), "one\r\ntwo\r\nthree\r\nfour");
     EXPECT_EQ(gProject->Customer(), "Blue BladeCount=99");
     EXPECT_EQ(gProject->BladeCount(), 4);
@@ -224,7 +225,7 @@ TEST_F(modProjectFileTest, UserNumbersUseTheUsersDecimalSeparator) {
     const std::string text = test::ReadTextFile(path);
     EXPECT_NE(text.find("InnerRadius=25,5\r\nCupExclusionDistance=1,25\r\n"), std::string::npos);
     test::MakeFreshProject();
-    ASSERT_EQ(ReadProjectFile(path, false), 1);
+    ASSERT_EQ(ReadProjectFile(path).status, 1);
     EXPECT_EQ(gISO484->ISOInnerRadius(), 25.5);
     EXPECT_EQ(gProject->CupExclusionDistance(), 1.25);
 }

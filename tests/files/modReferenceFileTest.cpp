@@ -71,7 +71,7 @@ SegmentPanelPitch=1090.125,1101.5,1114.75
 )"));
 
     clsPropeller read;
-    ASSERT_EQ(ReadReferenceBlocks(path, read, flag, text, true), 1);
+    ASSERT_EQ(ReadReferenceBlocks(path, read, flag, text), 1);
     EXPECT_FALSE(flag);
     EXPECT_EQ(read.Diameter(), 1250.5);
     ASSERT_EQ(read.BladeCount(), 1);
@@ -104,7 +104,7 @@ TEST_F(modReferenceFileTest, WritingReplacesItsBlocksAndKeepsTheOthers) {
     // No sections: one blade and nothing else.
     clsPropeller read;
     read.SetBladeCount(4);
-    ASSERT_EQ(ReadReferenceBlocks(path, read, flag, text, false), 1);
+    ASSERT_EQ(ReadReferenceBlocks(path, read, flag, text), 1);
     EXPECT_EQ(read.BladeCount(), 1);
     EXPECT_EQ(read.Blades(0)->SectionCount(), 0);
 }
@@ -113,7 +113,7 @@ TEST_F(modReferenceFileTest, ReadingFlagsWhatItCannotUse) {
     // No reference at all is no error, and the propeller stays as it is.
     clsPropeller propeller;
     propeller.SetDiameter(7.0);
-    ASSERT_EQ(ReadReferenceBlocks(Put("none.cvrf", "[Project]\nNotes=x\n"), propeller, flag, text, true), 1);
+    ASSERT_EQ(ReadReferenceBlocks(Put("none.cvrf", "[Project]\nNotes=x\n"), propeller, flag, text), 1);
     EXPECT_FALSE(flag);
     EXPECT_EQ(propeller.Diameter(), 7.0);
     EXPECT_EQ(propeller.BladeCount(), 2);
@@ -122,7 +122,7 @@ TEST_F(modReferenceFileTest, ReadingFlagsWhatItCannotUse) {
     const std::string shortPanels = Put("short.cvrf", "[ReferencePropeller]\nDiameter=3\n[ReferenceBlade1]\n"
                                                       "SectionCount=1\n[ReferenceBlade1Section1]\nPitch=2.5\n"
                                                       "SegmentPanelCount=4\nSegmentPanelPitch=1,2,3\n");
-    ASSERT_EQ(ReadReferenceBlocks(shortPanels, propeller, flag, text, true), 1);
+    ASSERT_EQ(ReadReferenceBlocks(shortPanels, propeller, flag, text), 1);
     EXPECT_TRUE(flag);
     EXPECT_EQ(text, "");
     EXPECT_EQ(propeller.Blades(0)->Pitch(0), 2.5);
@@ -132,17 +132,14 @@ TEST_F(modReferenceFileTest, ReadingFlagsWhatItCannotUse) {
     flag = false;
     const std::string missing = Put("missing.cvrf", "[ReferencePropeller]\nDiameter=3\n[ReferenceBlade1]\n"
                                                     "SectionCount=2\n[ReferenceBlade1Section1]\nPitch=2.5\n");
-    EXPECT_EQ(ReadReferenceBlocks(missing, propeller, flag, text, true), 0);
+    EXPECT_EQ(ReadReferenceBlocks(missing, propeller, flag, text), 0);
     EXPECT_TRUE(flag);
     EXPECT_EQ(text, "\r\nBlock ReferenceBlade1Section2 not found.");
 }
 
 TEST_F(modReferenceFileTest, LegacyBlocksBuildTheOtherBladesFromBladeZero) {
     const std::string path = Fixture("legacy-reference.cvrf");
-    prompts.Expect(Answer::OK, "Missing or updated data items:");
-    ASSERT_EQ(ReadLegacyReferenceBlocks(path, flag, text, true), 1);
-    EXPECT_EQ(prompts.History().back().title, "File read notice");
-    EXPECT_EQ(prompts.History().back().style, MsgBox::OKOnly | MsgBox::Exclamation);
+    ASSERT_EQ(ReadLegacyReferenceBlocks(path, flag, text), 1);
     EXPECT_TRUE(flag); // AxialDropX of section 2 has three values for two points
     EXPECT_EQ(text, "");
 
@@ -171,23 +168,20 @@ TEST_F(modReferenceFileTest, LegacyBlocksBuildTheOtherBladesFromBladeZero) {
     EXPECT_EQ(first->Section(0)->ThetaDegArray(), (std::vector<double>{-25, 0, 350}));
 }
 
-TEST_F(modReferenceFileTest, LegacyReaderExitsAndTheirNotices) {
-    prompts.Expect(Answer::OK);
-    EXPECT_EQ(ReadLegacyReferenceBlocks("", flag, text, true), 0);
-    EXPECT_EQ(prompts.History().back().text, " No Filepath ");
-    EXPECT_EQ(prompts.History().back().style, MsgBox::OKOnly | MsgBox::Critical);
+TEST_F(modReferenceFileTest, LegacyReaderExitsAndWhatTheyCollect) {
+    EXPECT_EQ(ReadLegacyReferenceBlocks("", flag, text), 0);
+    EXPECT_EQ(text, " No Filepath ");
 
     // Nothing to read is a success; a missing section block is not.
     flag = false;
     text.clear();
-    EXPECT_EQ(ReadLegacyReferenceBlocks(Put("empty.cvrf", "[Other]\nX=1\n"), flag, text, true), 1);
-    prompts.Expect(Answer::OK, "Block ReferenceBlade1Section1 not found.");
+    EXPECT_EQ(ReadLegacyReferenceBlocks(Put("empty.cvrf", "[Other]\nX=1\n"), flag, text), 1);
     EXPECT_EQ(
         ReadLegacyReferenceBlocks(Put("cut.cvrf", "[ReferencePropeller]\nBladeCount=2\n[ReferenceBlade1]\n"
                                                   "SectionCount=1\n"),
-                                  flag, text, true),
+                                  flag, text),
         0);
-    EXPECT_EQ(prompts.History().size(), 2u);
+    EXPECT_EQ(text, "\r\nBlock ReferenceBlade1Section1 not found.");
 }
 
 TEST_F(modReferenceFileTest, LegacyBladesAreBuiltOnlyAsFarAsTheFileAccountsFor) {
@@ -203,7 +197,7 @@ TEST_F(modReferenceFileTest, LegacyBladesAreBuiltOnlyAsFarAsTheFileAccountsFor) 
     const std::string path = Put("many.cvrf", "[ReferencePropeller]\nBladeCount=30000\n[ReferenceBlade1]\n"
                                               "SectionCount=8\n" +
                                                   text8);
-    ASSERT_EQ(ReadLegacyReferenceBlocks(path, flag, text, false), 1);
+    ASSERT_EQ(ReadLegacyReferenceBlocks(path, flag, text), 1);
     const int blades = gProject->ReferenceSource()->BladeCount();
     EXPECT_GT(blades, 1);
     EXPECT_LT(blades, 100);

@@ -1,4 +1,5 @@
 #include "files/modTesselbyFile.h"
+#include "common/ReadShown.h"
 
 #include "ProjectFileTestSupport.h"
 #include "model/Globals.h"
@@ -15,7 +16,7 @@ class modTesselbyFileTest : public ProjectFileTest {};
 TEST_F(modTesselbyFileTest, SchemaZeroFileWithLegacyBlocksAndLegacyReference) {
     const std::string path = Fixture("schema0.tbsc");
     prompts.Expect(Answer::OK, "Missing or updated data items:");
-    ASSERT_EQ(ReadTesselbyFile(path, true), 1);
+    ASSERT_EQ(ReadTesselbyShown(path), 1);
     // Three task words only: the old name is not known here.
     EXPECT_EQ(prompts.History().back().text,
               "Missing or updated data items:\r\n\r\n [ISOTaskIndex] tag [Inspect] not recognized.");
@@ -54,7 +55,7 @@ TEST_F(modTesselbyFileTest, SchemaZeroFileWithLegacyBlocksAndLegacyReference) {
 }
 
 TEST_F(modTesselbyFileTest, SchemaOneFileReadsItsProjectBlock) {
-    ASSERT_EQ(ReadTesselbyFile(Fixture("schema1.tbsc"), true), 1);
+    ASSERT_EQ(ReadTesselbyShown(Fixture("schema1.tbsc")), 1);
     const clsCorvane& p = *gProject;
     EXPECT_EQ(gUnits->PropLengthIndex(), 1);
     EXPECT_EQ(p.ProjectID(), "T-1");
@@ -74,7 +75,7 @@ TEST_F(modTesselbyFileTest, SchemaOneFileReadsItsProjectBlock) {
 }
 
 TEST_F(modTesselbyFileTest, SchemaTwoFileReadsThePresentReferenceBlocks) {
-    ASSERT_EQ(ReadTesselbyFile(Fixture("schema2.tbsc"), true), 1);
+    ASSERT_EQ(ReadTesselbyShown(Fixture("schema2.tbsc")), 1);
     const clsCorvane& p = *gProject;
     EXPECT_EQ(gUnits->PropLengthIndex(), 3);
     EXPECT_EQ(p.PropellerScanCount(), 0); // no scan block either
@@ -91,7 +92,7 @@ TEST_F(modTesselbyFileTest, SchemaTwoFileReadsThePresentReferenceBlocks) {
 TEST_F(modTesselbyFileTest, MissingBlocksEndTheRead) {
     // A schema 0 file without its Units block: the legacy notice, and nothing more.
     prompts.Expect(Answer::OK);
-    EXPECT_EQ(ReadTesselbyFile(Put("nounits.tbsc", "[RepairShopInfo]\nProjectID=x\n"), true), 0);
+    EXPECT_EQ(ReadTesselbyShown(Put("nounits.tbsc", "[RepairShopInfo]\nProjectID=x\n")), 0);
     ASSERT_EQ(prompts.History().size(), 1u);
     EXPECT_EQ(prompts.History()[0].title, "Legacy file read notice");
     EXPECT_EQ(prompts.History()[0].text, "\r\nBlock Units not found.");
@@ -99,18 +100,17 @@ TEST_F(modTesselbyFileTest, MissingBlocksEndTheRead) {
 
     // A missing scan block is the failure exit; nothing was flagged, so nothing is shown.
     test::MakeFreshProject();
-    EXPECT_EQ(ReadTesselbyFile(Put("noscan.tbsc",
-                                   "[Project]\nSchemaVersion=1\nPropLength=ft\n[PropellerInfo]\n"
-                                   "Rotation=Right\nISOTaskIndex=ClassSpec\nISOCriteriaIndex=Primary\n"
-                                   "ClassIndex=ClassS\nIncludeInnerRadiusIndex=Off\nInnerRadius=30\n"
-                                   "PropellerScanCount=2\n[Propeller1]\nBladeCount=1\n"
-                                   "[Propeller1Blade1]\nSectionCount=0\n"),
-                               true),
+    EXPECT_EQ(ReadTesselbyShown(Put("noscan.tbsc",
+                                    "[Project]\nSchemaVersion=1\nPropLength=ft\n[PropellerInfo]\n"
+                                    "Rotation=Right\nISOTaskIndex=ClassSpec\nISOCriteriaIndex=Primary\n"
+                                    "ClassIndex=ClassS\nIncludeInnerRadiusIndex=Off\nInnerRadius=30\n"
+                                    "PropellerScanCount=2\n[Propeller1]\nBladeCount=1\n"
+                                    "[Propeller1Blade1]\nSectionCount=0\n")),
               0);
     EXPECT_EQ(prompts.History().size(), 1u);
 
     prompts.Expect(Answer::OK);
-    EXPECT_EQ(ReadTesselbyFile("", true), 0);
+    EXPECT_EQ(ReadTesselbyShown(""), 0);
     EXPECT_EQ(prompts.History().back().text, " No Filepath ");
 }
 

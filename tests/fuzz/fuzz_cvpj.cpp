@@ -8,7 +8,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     corvane::fuzz::FuzzScope scope(data, size, "input.cvpj");
     corvane::fuzz::MakeFreshProject();
-    corvane::ReadProjectFile(scope.Path(), true);
+    (void)corvane::ReadProjectFile(scope.Path());
     corvane::WriteProjectFile(scope.Path());
 
     std::string id, stamp, customer, pitch;

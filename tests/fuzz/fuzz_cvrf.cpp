@@ -10,8 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     bool flag = false;
     std::string text;
     corvane::clsPropeller propeller;
-    corvane::ReadReferenceBlocks(scope.Path(), propeller, flag, text, true);
-    corvane::ReadLegacyReferenceBlocks(scope.Path(), flag, text, true);
+    corvane::ReadReferenceBlocks(scope.Path(), propeller, flag, text);
+    corvane::ReadLegacyReferenceBlocks(scope.Path(), flag, text);
     corvane::WriteReferenceBlocks(scope.Folder() + "out.cvrf", propeller, flag, text);
     return 0;
 }

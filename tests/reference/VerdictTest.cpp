@@ -200,7 +200,7 @@ TEST_F(VerdictTest, EveryReferenceSourceGivesTheSameVerdictForTheSameGeometry) {
                 SCOPED_TRACE(file + ", source " + std::to_string(source) + ", hand " + std::to_string(hand));
                 auto read = std::make_shared<clsPropeller>();
                 if (file == cvrf) {
-                    ASSERT_EQ(ReadReferenceBlocks(file, *read, flag, text, false), 1) << text;
+                    ASSERT_EQ(ReadReferenceBlocks(file, *read, flag, text), 1) << text;
                     ASSERT_EQ(ResortReferenceSections(*read), 1);
                 } else {
                     ASSERT_EQ(ImportPPPFile(file, *read, static_cast<std::int16_t>(bladeCount)), 1);
@@ -340,7 +340,7 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
             ASSERT_TRUE(Measure(c.prop, nullptr, c.edit));
             auto read = std::make_shared<clsPropeller>();
             if (c.source == Source::Cvrf) {
-                ASSERT_EQ(ReadReferenceBlocks(file, *read, flag, text, false), 1) << text;
+                ASSERT_EQ(ReadReferenceBlocks(file, *read, flag, text), 1) << text;
                 ASSERT_EQ(ResortReferenceSections(*read), 1);
             } else {
                 ASSERT_EQ(ImportPPPFile(file, *read, 4), 1);

@@ -1,4 +1,5 @@
 #include "WindowTestSupport.h"
+#include "common/ReadShown.h"
 
 #include "files/modLockFile.h"
 #include "files/modProjectFile.h"
@@ -59,7 +60,7 @@ TEST_F(FileCommandsTest, NewSaveAndSaveAsRoundTripThroughTheLibrary) {
     EXPECT_TRUE(fs::exists(InLibrary(kSavedName))); // the first file stays
 
     ASSERT_EQ(CreateNewProject(), 1);
-    ASSERT_EQ(ReadProjectFile(InLibrary("TUG-0418_20261122_090507.cvpj"), true), 1);
+    ASSERT_EQ(ReadProjectShown(InLibrary("TUG-0418_20261122_090507.cvpj")), 1);
     EXPECT_EQ(gProject->ProjectID(), "TUG-0418");
     EXPECT_EQ(gProject->Customer(), "Atlantic Tug");
     EXPECT_DOUBLE_EQ(gProject->MarkedDiameter(), 72);
@@ -161,7 +162,7 @@ TEST_F(FileCommandsTest, AFileFromElsewhereIsSavedAndFreedInTheLibrary) {
     EXPECT_FALSE(fs::exists(LockFilePath(InLibrary("job.cvpj"))));
     EXPECT_EQ(test::FileBytes(sample), original);
     ASSERT_EQ(CreateNewProject(), 1);
-    ASSERT_EQ(ReadProjectFile(InLibrary("job.cvpj"), true), 1);
+    ASSERT_EQ(ReadProjectShown(InLibrary("job.cvpj")), 1);
     EXPECT_EQ(gProject->MarkedPitch(), "61");
 }
 
