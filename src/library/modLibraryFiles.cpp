@@ -1,5 +1,6 @@
 #include "library/modLibraryFiles.h"
 
+#include "files/FileAccess.h"
 #include "support/modNVSystemUtilities.h"
 
 #include <array>
@@ -99,7 +100,9 @@ bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFol
         } catch (...) {
             copied = false;
         }
-        if (!copied || !SameFileContent(sourcePath, target.string())) {
+        // The original goes only once the copy is on the disk: after a power cut the archive
+        // must not hold an empty copy of a project that is gone from the library.
+        if (!copied || !SameFileContent(sourcePath, target.string()) || !SyncToDisk(target)) {
             RemoveCopy(target);
             return false;
         }
