@@ -29,6 +29,18 @@ void AppendUtf8(std::string& out, std::uint32_t code) {
     }
 }
 
+void AppendWindows1252(std::string& out, std::string_view bytes) {
+    out.reserve(out.size() + bytes.size() + bytes.size() / 8);
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (byte >= 0x80 && byte <= 0x9F) {
+            AppendUtf8(out, kHighControls[byte - 0x80]);
+        } else {
+            AppendUtf8(out, byte);
+        }
+    }
+}
+
 constexpr std::string_view kBom = "\xEF\xBB\xBF";
 
 } // namespace
@@ -79,15 +91,7 @@ bool IsValidUtf8(std::string_view bytes) {
 
 std::string Windows1252ToUtf8(std::string_view bytes) {
     std::string out;
-    out.reserve(bytes.size() + bytes.size() / 8);
-    for (const char c : bytes) {
-        const auto byte = static_cast<unsigned char>(c);
-        if (byte >= 0x80 && byte <= 0x9F) {
-            AppendUtf8(out, kHighControls[byte - 0x80]);
-        } else {
-            AppendUtf8(out, byte);
-        }
-    }
+    AppendWindows1252(out, bytes);
     return out;
 }
 
@@ -102,9 +106,29 @@ std::string_view DecodeFileText(std::string_view bytes, std::string& storage) {
         bytes.remove_prefix(kBom.size());
     }
     if (IsValidUtf8(bytes)) {
-        return bytes;
+        return bytes; // the common case, at the cost of one pass
     }
-    storage = Windows1252ToUtf8(bytes);
+    storage.clear();
+    storage.reserve(bytes.size() + bytes.size() / 8);
+    while (!bytes.empty()) {
+        const std::size_t end = bytes.find('\n');
+        const std::string_view line = bytes.substr(0, end == std::string_view::npos ? end : end + 1);
+        if (IsValidUtf8(line)) {
+            storage.append(line);
+        } else {
+            AppendWindows1252(storage, line);
+        }
+        bytes.remove_prefix(line.size());
+    }
+    return storage;
+}
+
+std::string_view DecodeFileLine(std::string_view line, std::string& storage) {
+    if (IsValidUtf8(line)) {
+        return line;
+    }
+    storage.clear();
+    AppendWindows1252(storage, line);
     return storage;
 }
 
