@@ -132,6 +132,17 @@ std::string_view DecodeFileLine(std::string_view line, std::string& storage) {
     return storage;
 }
 
+std::string_view FirstCharacters(std::string_view text, std::size_t count) {
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        // Each character starts with a byte that is not a continuation byte (10xxxxxx).
+        if ((static_cast<unsigned char>(text[i]) & 0xC0) != 0x80 && characters++ == count) {
+            return text.substr(0, i);
+        }
+    }
+    return text;
+}
+
 std::string ReadFileText(const std::string& path) {
     std::string bytes;
     if (!ReadFileBytes(path, bytes)) {

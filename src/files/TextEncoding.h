@@ -6,6 +6,7 @@
 // is UTF-8, any other line is Windows-1252 and converted. A line feed never falls inside a
 // multi-byte character, so the lines can be told apart before their encoding is known.
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,10 @@ std::string DecodeFileText(std::string_view bytes);
 // The same text without a copy where none is needed: a view into `bytes` when they are UTF-8
 // already, otherwise a view of `storage`, which receives the converted text.
 std::string_view DecodeFileText(std::string_view bytes, std::string& storage);
+
+// The longest start of UTF-8 text that holds at most `count` characters; it never ends inside
+// a character.
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
 // The decoded text of a whole file; throws FileNotFound when it cannot be read.
 std::string ReadFileText(const std::string& path);
