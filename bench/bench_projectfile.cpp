@@ -7,6 +7,9 @@
 // Measured 2026-11-23 on the 2-core build VM (medians of 5): write 80 / 144 / 253 ms and read
 // 52 / 96 / 227-309 ms at 1,000 / 2,000 / 4,000 points; the VM's page faults make the largest
 // read noisy. A filed number costs about 45 ns to write and 16 ns to read.
+// The write includes putting the file on the disk (data, then the rename). Measured 2026-11-25:
+// write 70 / 131-139 / 257-262 ms and read 53 / 101-108 / 199-208 ms with the disk otherwise
+// idle; at 2,000 points the write took 162-185 ms while other builds were writing to the disk.
 // Run with the allocator settings the programs use: without them the section arrays of 4,000
 // points cross the C library's mapping threshold and every pass pays fresh page faults, which
 // bends the growth on virtual machines.

@@ -1,7 +1,6 @@
 #include "files/BlockFileReader.h"
 
 #include "files/ChunkedOutput.h"
-#include "files/FileAccess.h"
 #include "files/TextEncoding.h"
 
 #include <algorithm>
@@ -40,19 +39,14 @@ bool BlockFileReader::Read(const std::filesystem::path& path, bool parse) {
            : static_cast<std::size_t>(std::min<std::uintmax_t>(ChunkedOutput::kChunkSize, size + 1));
     const auto buffer = std::make_unique_for_overwrite<char[]>(chunkSize);
     const std::span<char> chunk(buffer.get(), chunkSize);
-    std::string pending; // the start of a line that runs on into the next chunk
+    std::string pending;   // the start of a line that runs on into the next chunk
+    std::string converted; // a line that was not UTF-8, in UTF-8
     bool first = true;
-    bool utf8 = true;
     const auto take = [&](std::string_view line) {
         if (!line.empty() && line.back() == '\r') {
             line.remove_suffix(1);
         }
-        if (utf8 && !IsValidUtf8(line)) {
-            utf8 = false;
-        }
-        if (utf8) {
-            document->AppendLine(line);
-        }
+        document->AppendLine(DecodeFileLine(line, converted));
     };
     for (;;) {
         const std::size_t got = std::fread(chunk.data(), 1, chunk.size(), file.get());
@@ -64,7 +58,7 @@ bool BlockFileReader::Read(const std::filesystem::path& path, bool parse) {
             }
             first = false;
         }
-        while (parse && utf8 && !bytes.empty()) {
+        while (parse && !bytes.empty()) {
             const std::size_t end = bytes.find('\n');
             if (end == std::string_view::npos) {
                 pending.append(bytes);
@@ -88,26 +82,10 @@ bool BlockFileReader::Read(const std::filesystem::path& path, bool parse) {
     }
     hasher.Finish();
     hash_ = hasher.Hash();
-    if (parse && utf8 && !pending.empty()) {
+    if (parse && !pending.empty()) {
         take(pending);
     }
-    if (parse && !utf8) {
-        return ReadWholeAsWindows1252(path, parse);
-    }
     document_ = std::move(document);
-    return true;
-}
-
-bool BlockFileReader::ReadWholeAsWindows1252(const std::filesystem::path& path, bool parse) {
-    std::string bytes;
-    if (!ReadFileBytes(path, bytes)) {
-        return false;
-    }
-    hash_ = ChunkedOutput::HashOf(bytes);
-    if (parse) {
-        std::string converted;
-        document_ = std::make_shared<BlockDocument>(BlockDocument::Parse(DecodeFileText(bytes, converted)));
-    }
     return true;
 }
 

@@ -1,5 +1,6 @@
 #include "files/modProjectCommands.h"
 
+#include "files/TextEncoding.h"
 #include "files/modLockFile.h"
 #include "files/modProjectFile.h"
 #include "files/modSettings.h"
@@ -75,7 +76,9 @@ std::string CurrentProjectPath() {
 }
 
 std::string NewProjectFileName() {
-    std::string id = gProject ? gProject->ProjectID().substr(0, 10) : std::string();
+    // Ten characters, not bytes: an ID with accented letters keeps its length and never ends
+    // in half a character.
+    std::string id = gProject ? std::string(FirstCharacters(gProject->ProjectID(), 10)) : std::string();
     for (char& c : id) {
         if (static_cast<unsigned char>(c) < 32 ||
             std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos)

@@ -132,7 +132,9 @@ ProjectCopy CopyProjectFile(const std::string& sourcePath, const std::string& ta
                 RemoveCopy(target);
             return ProjectCopy::Failed;
         }
-        if (!SameFileContent(sourcePath, target.string())) {
+        // Only a copy that is on the disk counts: after a power cut a move must not have left an
+        // empty copy of a project that is gone from where it was.
+        if (!SameFileContent(sourcePath, target.string()) || !SyncToDisk(target)) {
             RemoveCopy(target);
             return ProjectCopy::Failed;
         }

@@ -2,8 +2,8 @@
 
 // Moving project files between the Project Library and the Archive. The folders can lie on a
 // shared network drive, where a copy can stop half-way; so a move copies, checks the copy
-// byte for byte, and only then deletes the original. Whatever fails, the original stays as it
-// was and no partial copy is left behind.
+// byte for byte, puts it on the disk, and only then deletes the original. Whatever fails, the
+// original stays as it was and no partial copy is left behind.
 
 #include "model/DateTime.h"
 

@@ -2,13 +2,41 @@
 
 #include <QSettings>
 
+#include <memory>
+
 namespace corvane {
 namespace {
 
 constexpr const char* kOrganisation = "Corvane";
 
-QSettings Store() {
-    return QSettings(QSettings::NativeFormat, QSettings::UserScope, kOrganisation);
+// Where the values of a key path live: QSettings of an organisation and an application (none
+// for the station's own store), and the group inside them.
+struct Location {
+    QString organisation;
+    QString application;
+    QString group;
+};
+
+Location LocationOf(const std::string& key) {
+    const QStringList parts = QString::fromStdString(key).replace('\\', '/').split('/', Qt::SkipEmptyParts);
+    // "Software\<Organisation>\<Application>\..." of another organisation is that program's own
+    // settings: the registry key itself on Windows, and elsewhere the file or list QSettings
+    // keeps for them. The earlier location of this station's settings is read this way.
+    if (parts.size() >= 3 && parts[0].compare(QStringLiteral("Software"), Qt::CaseInsensitive) == 0 &&
+        parts[1].compare(QLatin1String(kOrganisation), Qt::CaseInsensitive) != 0) {
+        return {parts[1], parts[2], parts.mid(3).join('/')};
+    }
+    return {QLatin1String(kOrganisation), QString(), QtSettingsStore::GroupOf(key)};
+}
+
+std::unique_ptr<QSettings> Open(const Location& location) {
+    auto settings = std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
+                                                location.organisation, location.application);
+    if (!location.application.isEmpty()) {
+        // Another program's key alone, not its organisation's defaults.
+        settings->setFallbacksEnabled(false);
+    }
+    return settings;
 }
 
 } // namespace
@@ -30,48 +58,51 @@ QString QtSettingsStore::GroupOf(const std::string& key) {
 }
 
 bool QtSettingsStore::KeyExists(const std::string& key) {
-    QSettings settings = Store();
-    const QStringList parts = GroupOf(key).split('/', Qt::SkipEmptyParts);
+    const Location location = LocationOf(key);
+    const auto settings = Open(location);
+    const QStringList parts = location.group.split('/', Qt::SkipEmptyParts);
     if (parts.isEmpty()) {
-        return true;
+        return location.application.isEmpty() || !settings->allKeys().isEmpty();
     }
     for (int i = 0; i + 1 < parts.size(); ++i) {
-        settings.beginGroup(parts[i]);
+        settings->beginGroup(parts[i]);
     }
     // QSettings keeps no empty groups: a created key holds a marker value until it has others.
-    return settings.childGroups().contains(parts.last(), Qt::CaseInsensitive);
+    return settings->childGroups().contains(parts.last(), Qt::CaseInsensitive);
 }
 
 void QtSettingsStore::CreateKey(const std::string& key) {
-    QSettings settings = Store();
-    const QString group = GroupOf(key);
-    if (!group.isEmpty() && !KeyExists(key)) {
-        settings.setValue(group + QStringLiteral("/.created"), QStringLiteral("1"));
+    const Location location = LocationOf(key);
+    if (!location.group.isEmpty() && !KeyExists(key)) {
+        Open(location)->setValue(location.group + QStringLiteral("/.created"), QStringLiteral("1"));
     }
 }
 
 std::string QtSettingsStore::GetValue(const std::string& key, const std::string& name) {
-    QSettings settings = Store();
-    settings.beginGroup(GroupOf(key));
-    return settings.value(QString::fromStdString(name)).toString().toStdString();
+    const Location location = LocationOf(key);
+    const auto settings = Open(location);
+    settings->beginGroup(location.group);
+    return settings->value(QString::fromStdString(name)).toString().toStdString();
 }
 
 bool QtSettingsStore::SetValue(const std::string& key, const std::string& name, const std::string& value) {
-    QSettings settings = Store();
-    if (!settings.isWritable()) {
+    const Location location = LocationOf(key);
+    const auto settings = Open(location);
+    if (!settings->isWritable()) {
         return false;
     }
-    settings.beginGroup(GroupOf(key));
-    settings.setValue(QString::fromStdString(name), QString::fromStdString(value));
-    settings.endGroup();
-    settings.sync();
-    return settings.status() == QSettings::NoError;
+    settings->beginGroup(location.group);
+    settings->setValue(QString::fromStdString(name), QString::fromStdString(value));
+    settings->endGroup();
+    settings->sync();
+    return settings->status() == QSettings::NoError;
 }
 
 void QtSettingsStore::DeleteValue(const std::string& key, const std::string& name) {
-    QSettings settings = Store();
-    settings.beginGroup(GroupOf(key));
-    settings.remove(QString::fromStdString(name));
+    const Location location = LocationOf(key);
+    const auto settings = Open(location);
+    settings->beginGroup(location.group);
+    settings->remove(QString::fromStdString(name));
 }
 
 } // namespace corvane

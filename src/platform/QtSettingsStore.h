@@ -7,8 +7,12 @@
 namespace corvane {
 
 // Settings through QSettings under the organisation "Corvane". Key paths keep their registry
-// form ("Software\Corvane\DefaultOptions"): on Windows the values land under those same
-// registry keys, elsewhere in the user's configuration folder with the same names.
+// form ("Software\Corvane\DefaultOptions"): on Windows the values land in the registry under the
+// organisation, elsewhere in the user's configuration folder with the same names. A path
+// "Software\<Organisation>\<Application>\..." of another organisation names that program's
+// settings where QSettings keeps them: on Windows its registry key, elsewhere the settings of
+// that organisation and application. The station's earlier location, "Software\Norvelle\Corvane",
+// is read from there.
 class QtSettingsStore : public ISettingsStore {
 public:
     bool KeyExists(const std::string& key) override;

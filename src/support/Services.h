@@ -59,7 +59,9 @@ public:
 };
 
 // Per-user string values under a key path such as "Software\Corvane\DefaultOptions". On
-// Windows these are registry keys; elsewhere the store keeps the same key paths.
+// Windows these are registry keys; elsewhere the store keeps the same key paths. A path under
+// another program's root ("Software\Norvelle\Corvane\...", where earlier releases kept the
+// station's settings) reads that program's settings where it kept them, so they can be moved.
 class ISettingsStore {
 public:
     virtual ~ISettingsStore() = default;

@@ -58,6 +58,19 @@ TEST_F(BlockFileReaderTest, ChunkedReadParsesAsAWholeReadDoes) {
     EXPECT_FALSE(missing.Read(temp.File("none.cvpj"), true));
 }
 
+TEST_F(BlockFileReaderTest, EachLineKeepsItsOwnEncoding) {
+    // Written by this program in UTF-8, then edited on an older station that typed one line in
+    // Windows-1252: every line reads as it was meant, in the whole-file and the chunked read.
+    const std::string bytes =
+        "[Project]\r\nCustomer=M\xC3\xBCller\r\nVessel=K\xF6nig \x96 II\r\nHull=\xE2\x82\xAC";
+    const std::string text = "[Project]\r\nCustomer=Müller\r\nVessel=König – II\r\nHull=€";
+    EXPECT_EQ(DecodeFileText(bytes), text);
+    EXPECT_EQ(Whole(bytes), text + "\r\n");
+    BlockFileReader reader;
+    ASSERT_TRUE(reader.Read(Put("mixed.cvpj", bytes), true));
+    EXPECT_EQ(reader.Document()->Serialize(), text + "\r\n");
+}
+
 TEST_F(BlockFileReaderTest, TheHashDoesNotDependOnHowTheBytesArrive) {
     const std::string bytes = LargeFile("");
     std::string passed;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "common/ServicesFixture.h"
+#include "files/FileAccess.h"
 #include "iso484/clsISO484.h"
 #include "model/clsCorvane.h"
 #include "model/clsUnits.h"
@@ -8,6 +9,8 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace corvane::test {
 
@@ -36,6 +39,26 @@ void ExpectSameScan(const clsPropeller& expected, const clsPropeller& actual, co
 std::string Crlf(std::string_view text);
 void WriteTextFile(const std::string& path, std::string_view bytes);
 std::string ReadTextFile(const std::string& path);
+
+// The real steps of a durable write, each recorded by name in `log`; the one named `failing`
+// fails instead of running.
+struct FailingWriteSteps : FileWriteSteps {
+    explicit FailingWriteSteps(std::string step = {}) : failing(std::move(step)) {}
+    bool Write(std::FILE* f, std::string_view b) override {
+        return Run("write") && FileWriteSteps::Write(f, b);
+    }
+    bool SyncFile(std::FILE* f) override { return Run("sync") && FileWriteSteps::SyncFile(f); }
+    bool Rename(const std::filesystem::path& a, const std::filesystem::path& b) override {
+        return Run("rename") && FileWriteSteps::Rename(a, b);
+    }
+    bool SyncFolder(const std::filesystem::path& d) override {
+        return Run("sync folder") && FileWriteSteps::SyncFolder(d);
+    }
+    bool Run(const std::string& step) { return log.push_back(step), step != failing; }
+
+    std::string failing;
+    std::vector<std::string> log;
+};
 
 // The services fixture with a fresh project and the error log in the temporary folder.
 class ProjectFileTest : public ServicesTest {

@@ -8,7 +8,6 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 #include <vector>
 
 namespace corvane {
@@ -279,28 +278,26 @@ TEST_F(clsFileINITest, FailedWritesLeaveTheOldFileIntact) {
     EXPECT_TRUE(ini.InBatch()); // kept for a retry
     ini.DiscardBatch();
     EXPECT_EQ(WriteTags(temp.File("no/such/folder/x.cvpj"), "A", {{"V", "1"}}), 0);
-    EXPECT_EQ(WriteTags(temp.Folder(), "A", {{"V", "1"}}), 0); // a folder, not a file
+    EXPECT_EQ(WriteTags(temp.Folder(), "A", {{"V", "1"}}), 0);    // a folder, not a file
+    EXPECT_EQ(WriteTags(path + "/x.cvpj", "A", {{"V", "1"}}), 0); // below a plain file
+    EXPECT_EQ(ini.ReadBlock("A", path + "/x.cvpj"), 0);
     EXPECT_EQ(FilesInFolder(), 1u);
 }
 
-TEST_F(clsFileINITest, PermissionDeniedFailsCleanly) {
-    if (::geteuid() == 0) {
-        GTEST_SKIP() << "root ignores file permissions";
-    }
-    const std::string locked = Put("locked.cvpj", "[A]\r\nV=1\r\n");
-    fs::permissions(locked, fs::perms::none);
+TEST_F(clsFileINITest, AWriteThatFailsAtAnyStepLeavesTheFileAndItsReadersAsTheyWere) {
+    const std::string path = Put("p.cvpj", "[A]\r\nV=1\r\n");
     clsFileINI ini;
-    EXPECT_EQ(ini.ReadBlock("A", locked), 0);
-    EXPECT_EQ(WriteTags(locked, "A", {{"V", "2"}}), 0);
-    EXPECT_EQ(ini.BeginBatch(locked), 0);
-    fs::permissions(locked, fs::perms::owner_read | fs::perms::owner_write);
-
-    const std::string inside = Put("ro.cvpj", "[A]\r\nV=1\r\n");
-    fs::permissions(temp.Path(), fs::perms::owner_read | fs::perms::owner_exec);
-    EXPECT_EQ(WriteTags(inside, "A", {{"V", "2"}}), 0);
-    fs::permissions(temp.Path(), fs::perms::owner_all);
-    EXPECT_EQ(Bytes(inside), "[A]\r\nV=1\r\n");
-    EXPECT_EQ(FilesInFolder(), 2u);
+    ASSERT_EQ(ini.ReadBlock("A", path), 1); // the parsed file is now held by `ini`
+    for (const std::string step : {"write", "sync", "rename", "sync folder"}) {
+        test::FailingWriteSteps steps(step);
+        const ScopedFileWriteSteps scope(steps);
+        ini.SetStringToBlockTag("V", "2", flag, text);
+        EXPECT_EQ(ini.WriteBlock("A", path), 0) << step;
+        EXPECT_EQ(Bytes(path), "[A]\r\nV=1\r\n") << step;
+        ASSERT_EQ(ini.ReadBlock("A", path), 1);
+        EXPECT_EQ(ini.GetStringFromBlockTag("V", flag, text), "1") << step;
+        EXPECT_EQ(FilesInFolder(), 1u) << step;
+    }
 }
 
 } // namespace

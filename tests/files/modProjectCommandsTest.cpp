@@ -126,6 +126,20 @@ TEST_F(ProjectCommandsTest, FirstSaveNamesTheFileAndLaterSavesKeepTheName) {
     EXPECT_EQ(std::distance(fs::directory_iterator(library), fs::directory_iterator()), 2);
 }
 
+TEST_F(ProjectCommandsTest, NewNamesTakeTheFirstTenCharactersOfTheId) {
+    // Accented letters take two bytes and the euro sign three: none is ever cut in half.
+    const std::pair<std::string, std::string> cases[] = {
+        {"TUG-2026-0417-A", "TUG-2026-0"},
+        {"Müller-Überseeschiff", "Müller-Übe"},
+        {"ÅÄÖåäöüßéèX", "ÅÄÖåäöüßéè"},
+        {"€€€€€€€€€€€", "€€€€€€€€€€"},
+    };
+    for (const auto& [id, start] : cases) {
+        gProject->SetProjectID(id);
+        EXPECT_EQ(NewProjectFileName(), start + "_20261122_090507.cvpj") << id;
+    }
+}
+
 TEST_F(ProjectCommandsTest, SaveAsRefusalsPutTheIdAndNameBack) {
     FillRequired();
     gProjectFileName = "TUG_old.cvpj";

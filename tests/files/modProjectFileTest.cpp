@@ -245,21 +245,20 @@ TEST_F(modProjectFileTest, AFileThatCannotBeWrittenGoesToTheHandlerAndLeavesNoth
 }
 
 TEST_F(modProjectFileTest, AFailedSaveLeavesTheOldFileWhole) {
-    if (test::RunningAsRoot()) {
-        GTEST_SKIP() << "permissions do not bind root";
-    }
-    const std::string folder = temp->File("locked");
-    fs::create_directory(folder);
-    const std::string path = folder + "/p.cvpj";
+    const std::string path = temp->File("p.cvpj");
     test::FillSampleProject();
     ASSERT_EQ(WriteProjectFile(path), 1);
     const std::string before = test::ReadTextFile(path);
-    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::remove);
     gProject->SetCustomer("Changed");
+    // The disk refuses to take the data: the save is reported as failed.
+    test::FailingWriteSteps steps("sync");
+    const ScopedFileWriteSteps scope(steps);
     prompts.Expect(Answer::Ignore, "writing the cvpj file to disk");
     EXPECT_EQ(WriteProjectFile(path), 0);
-    fs::permissions(folder, fs::perms::owner_write, fs::perm_options::add);
     EXPECT_EQ(test::ReadTextFile(path), before);
+    for (const auto& entry : fs::directory_iterator(temp->Path())) {
+        EXPECT_NE(entry.path().extension(), ".tmp") << "a temporary was left behind";
+    }
 }
 
 } // namespace

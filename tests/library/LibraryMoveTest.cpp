@@ -1,5 +1,6 @@
 #include "LibraryTestProjects.h"
 
+#include "files/FileAccess.h"
 #include "library/clsProjectLibrary.h"
 #include "library/modLibraryFiles.h"
 
@@ -117,6 +118,16 @@ TEST_F(LibraryMoveTest, ACopyThatIsNotWholeLosesNothing) {
         ExpectOneFailure(list.MoveFiles({library + "bravo.cvpj"}));
         ExpectBravoUntouched();
     }
+
+    // A whole copy that the disk does not take in: the original must not go.
+    struct RefusingDisk : FileWriteSteps {
+        bool SyncFile(std::FILE*) override { return false; }
+    } disk;
+    const ScopedFileWriteSteps refusing(disk);
+    prompts.Expect(Answer::Yes, "Are you sure");
+    prompts.Expect(Answer::OK, "could not be moved");
+    ExpectOneFailure(list.MoveFiles({library + "bravo.cvpj"}));
+    ExpectBravoUntouched();
 }
 
 TEST_F(LibraryMoveTest, AFileOfTheSameNameInTheTargetIsNeverOverwritten) {

@@ -1,6 +1,8 @@
+#include "files/modSettings.h"
 #include "platform/QtEnvironment.h"
 #include "platform/QtPrompts.h"
 #include "platform/QtSettingsStore.h"
+#include "support/Services.h"
 
 #include <gtest/gtest.h>
 
@@ -50,6 +52,24 @@ TEST(QtSettingsStore, KeepsRegistryKeyPathsUnderTheOrganisation) {
               QStringLiteral("/srv/propellers/Library"));
     store.DeleteValue(key, "RootDirectory");
     EXPECT_EQ(store.GetValue(key, "RootDirectory"), "");
+}
+
+TEST(QtSettingsStore, MovesTheSettingsOfTheEarlierLocationFromWhereTheyReallyLive) {
+    App();
+    // On Windows the registry key Software\Norvelle\Corvane\DefaultOptions.
+    QSettings old(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Norvelle"),
+                  QStringLiteral("Corvane"));
+    old.setValue(QStringLiteral("DefaultOptions/RepairShopName"), QStringLiteral("Old Shop"));
+    QSettings own(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Corvane"));
+    own.remove(QStringLiteral("DefaultOptions"));
+    QtSettingsStore store;
+    const ServiceScope scope(Services{nullptr, &store, nullptr, nullptr, nullptr, nullptr});
+    DefaultOptions values;
+    ReadDefaultOptions(kDefaultOptionsRootKey, kDefaultOptionsSubKey, values, kOldDefaultOptionsRootKey);
+    EXPECT_EQ(values.repairShopName, "Old Shop");
+    EXPECT_EQ(store.GetValue("Software\\Corvane\\DefaultOptions", "RepairShopName"), "Old Shop");
+    old.remove(QStringLiteral("DefaultOptions"));
+    own.remove(QStringLiteral("DefaultOptions"));
 }
 
 TEST(QtEnvironment, ReportsTheLocaleDecimalSeparatorAndFolders) {
