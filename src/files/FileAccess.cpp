@@ -151,6 +151,10 @@ ScopedFileWriteSteps::~ScopedFileWriteSteps() {
     tInstalledSteps = previous_;
 }
 
+void ResetFileWriteSteps() {
+    tInstalledSteps = nullptr;
+}
+
 FileStamp StampOf(const fs::path& path) {
     FileStamp stamp;
     std::error_code ec;

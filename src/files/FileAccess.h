@@ -76,4 +76,8 @@ private:
     FileWriteSteps* previous_;
 };
 
+// Puts the real steps back on this thread, whatever scopes were left behind. Tests call it
+// between cases.
+void ResetFileWriteSteps();
+
 } // namespace corvane

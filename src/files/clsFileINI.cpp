@@ -285,6 +285,10 @@ void clsFileINI::DiscardBatch() {
     }
 }
 
+void clsFileINI::DiscardAllBatches() {
+    OpenBatches().clear();
+}
+
 std::string_view clsFileINI::TagValueView(const std::string& tag) {
     tagIndex_.Extend(lines_);
     const std::size_t found = tagIndex_.Find(lines_, tag);

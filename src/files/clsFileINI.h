@@ -65,6 +65,9 @@ public:
     int CommitBatch();
     // Closes the batch without writing. The destructor does this for a batch left open.
     void DiscardBatch();
+    // Forgets the batches of every object, without writing: the files read as they are on disk.
+    // Tests call it between cases, when no object of theirs is left in a batch.
+    static void DiscardAllBatches();
     bool InBatch() const { return !batchKey_.empty(); }
 
     // While on, a file this object has parsed is not looked at on disk again: every block comes

@@ -86,6 +86,11 @@ SplineFitsFresh::~SplineFitsFresh() {
     --tFresh;
 }
 
+void ResetSplineFitHolds() {
+    tActive = nullptr;
+    tFresh = 0;
+}
+
 std::shared_ptr<void> HoldSplineFits() {
     if (tActive || tFresh > 0) {
         return nullptr; // the outer hold keeps the cache

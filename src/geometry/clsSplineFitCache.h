@@ -84,4 +84,8 @@ public:
     SplineFitsFresh& operator=(const SplineFitsFresh&) = delete;
 };
 
+// Forgets every hold and every SplineFitsFresh of this thread: no cache is active. Tests call it
+// between cases, when no hold or fresh scope of theirs is alive any more.
+void ResetSplineFitHolds();
+
 } // namespace corvane

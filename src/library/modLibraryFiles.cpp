@@ -144,7 +144,13 @@ ProjectCopy CopyProjectFile(const std::string& sourcePath, const std::string& ta
     }
 }
 
-bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFolder) {
+bool RemoveFileFromDisk(const std::string& path) {
+    std::error_code ec;
+    return fs::remove(path, ec) && !ec;
+}
+
+bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFolder,
+                     FileRemover removeOriginal) {
     try {
         std::error_code ec;
         if (sourcePath.empty() || targetFolder.empty())
@@ -155,7 +161,7 @@ bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFol
             return false;
         switch (CopyProjectFile(sourcePath, targetFolder)) {
         case ProjectCopy::Copied:
-            if (!fs::remove(sourcePath, ec) || ec) {
+            if (!removeOriginal(sourcePath)) {
                 // The original stays where it was; so must the folders' content.
                 RemoveCopy(target);
                 return false;
@@ -164,7 +170,7 @@ bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFol
         case ProjectCopy::SameFileThere:
             // Only a true copy of the original (a move cut short after the copy) lets the move
             // finish.
-            return fs::remove(sourcePath, ec) && !ec;
+            return removeOriginal(sourcePath);
         case ProjectCopy::NameTaken:
         case ProjectCopy::Failed:
             break;

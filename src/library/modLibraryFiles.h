@@ -42,11 +42,17 @@ enum class ProjectCopy {
 // original is only read.
 ProjectCopy CopyProjectFile(const std::string& sourcePath, const std::string& targetFolder);
 
+// Deletes a file; true when it is gone. The station's own deletes the file from the disk.
+using FileRemover = bool (*)(const std::string& path);
+bool RemoveFileFromDisk(const std::string& path);
+
 // Moves the file into the folder under its own name. A file of that name already in the folder
 // is never overwritten: when it holds the same bytes (a move that stopped before deleting) the
 // original is deleted and the move counts as done, otherwise the move fails. False leaves the
-// original untouched and the folder without a new file.
-bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFolder);
+// original untouched and the folder without a new file: a copy whose original `removeOriginal`
+// could not delete is taken back.
+bool MoveProjectFile(const std::string& sourcePath, const std::string& targetFolder,
+                     FileRemover removeOriginal = RemoveFileFromDisk);
 
 // The file's modification time in local time; the zero date DateTime{} when it cannot be read.
 DateTime FileModifiedDate(const std::string& path);

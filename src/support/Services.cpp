@@ -73,6 +73,11 @@ const Services& InstalledServices() {
     return Installed();
 }
 
+void ResetServices() {
+    Installed() = Services{};
+    Fallback() = StandIns{};
+}
+
 ServiceScope::ServiceScope(const Services& services) : previous_(Installed()) {
     Installed() = services;
 }

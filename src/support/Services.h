@@ -141,4 +141,8 @@ private:
 void InstallServices(const Services& services);
 const Services& InstalledServices();
 
+// Nothing installed, and the stand-ins as new: what their prompts recorded and their settings
+// held is forgotten. Tests call it between cases.
+void ResetServices();
+
 } // namespace corvane

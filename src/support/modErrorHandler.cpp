@@ -339,6 +339,7 @@ void ResetErrorHandlerState() {
     gCriticalErrorShowing = false;
     gShowEmailOption = false;
     gShowAbortOption = false;
+    InstalledShutdownSteps() = nullptr;
 }
 
 } // namespace corvane

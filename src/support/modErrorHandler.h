@@ -60,7 +60,8 @@ void CloseAllForms();
 using ShutdownSteps = std::function<void()>;
 ShutdownSteps SetShutdownSteps(ShutdownSteps steps);
 
-// Clears the module state (the one-time log message flag); tests call it between cases.
+// Clears the module state (the one-time log message flag, the dialog options, the shut-down
+// steps installed); tests call it between cases.
 void ResetErrorHandlerState();
 
 } // namespace corvane

@@ -6,8 +6,6 @@
 #include "files/modProjectFile.h"
 #include "files/modTesselbyFile.h"
 
-#include <string>
-
 namespace corvane {
 
 inline int ReadProjectShown(const std::string& path) {

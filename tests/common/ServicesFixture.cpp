@@ -1,7 +1,6 @@
 #include "common/ServicesFixture.h"
 
-#include "model/Globals.h"
-#include "support/modErrorHandler.h"
+#include "common/ProgramState.h"
 
 #include <atomic>
 #include <random>
@@ -30,8 +29,7 @@ TempFolder::~TempFolder() {
 }
 
 void ServicesTest::SetUp() {
-    ResetGlobals();
-    ResetErrorHandlerState();
+    ResetProgramState();
     temp = std::make_unique<TempFolder>();
     environment.userName = "tech";
     environment.computerName = "STATION1";
@@ -51,12 +49,7 @@ void ServicesTest::TearDown() {
     EXPECT_EQ(prompts.Pending(), 0u) << "a scripted answer was never asked for";
     scope_.reset();
     temp.reset();
-    ResetGlobals();
-    ResetErrorHandlerState();
-}
-
-bool RunningAsRoot() {
-    return ::geteuid() == 0;
+    ResetProgramState();
 }
 
 } // namespace corvane::test

@@ -5,13 +5,11 @@
 #include "support/MemorySettingsStore.h"
 #include "support/RecordingEventPump.h"
 #include "support/ScriptedPrompts.h"
-#include "support/Services.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <memory>
-#include <string>
 
 namespace corvane::test {
 
@@ -33,7 +31,8 @@ private:
 };
 
 // Installs scripted services for each test and checks at the end that no prompt came that the
-// test did not expect. Global state and the error handler's state are reset on both ends.
+// test did not expect. Every piece of program-wide state is reset on both ends
+// (ResetProgramState).
 class ServicesTest : public ::testing::Test {
 protected:
     void SetUp() override;
@@ -50,8 +49,5 @@ protected:
 private:
     std::unique_ptr<ServiceScope> scope_;
 };
-
-// True when the process can ignore file permissions (root): permission tests skip then.
-bool RunningAsRoot();
 
 } // namespace corvane::test

@@ -5,9 +5,6 @@
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
-#include "model/clsUnits.h"
-
-#include <memory>
 
 namespace corvane::fuzz {
 

@@ -1,13 +1,12 @@
 #include "FuzzSupport.h"
 
+#include "common/ProgramState.h"
 #include "model/Globals.h"
 #include "support/FixedClock.h"
 #include "support/FixedEnvironment.h"
 #include "support/MemorySettingsStore.h"
 #include "support/RecordingEventPump.h"
 #include "support/ScriptedPrompts.h"
-#include "support/Services.h"
-#include "support/modErrorHandler.h"
 
 #include <atomic>
 #include <filesystem>
@@ -32,12 +31,11 @@ struct FuzzScope::Impl {
 FuzzScope::FuzzScope(const std::uint8_t* data, std::size_t size, const std::string& fileName)
     : impl_(std::make_unique<Impl>()) {
     static std::atomic<unsigned> counter{0};
+    test::ResetProgramState();
     impl_->prompts.SetAnswerFreely(true);
     impl_->scope =
         std::make_unique<ServiceScope>(Services{&impl_->prompts, &impl_->settings, &impl_->clock,
                                                 &impl_->environment, &impl_->events, &impl_->sound});
-    ResetGlobals();
-    ResetErrorHandlerState();
     impl_->folder = fs::temp_directory_path() /
                     ("corvane-fuzz-" + std::to_string(::getpid()) + "-" + std::to_string(counter++));
     fs::create_directories(impl_->folder);
@@ -50,8 +48,8 @@ FuzzScope::FuzzScope(const std::uint8_t* data, std::size_t size, const std::stri
 FuzzScope::~FuzzScope() {
     std::error_code ignored;
     fs::remove_all(impl_->folder, ignored);
-    ResetErrorHandlerState();
-    ResetGlobals();
+    impl_->scope.reset();
+    test::ResetProgramState();
 }
 
 std::string FuzzScope::Folder() const {

@@ -5,8 +5,6 @@
 #include "files/clsFileINI.h"
 #include "model/CorvaneError.h"
 
-#include <vector>
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     corvane::fuzz::FuzzScope scope(data, size, "input.cvpj");
     corvane::clsFileINI file;

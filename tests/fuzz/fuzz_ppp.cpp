@@ -5,8 +5,6 @@
 
 #include "reference/modImportFile.h"
 
-#include <string>
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     corvane::fuzz::FuzzScope scope(data, size, "input.ppp");
     corvane::fuzz::MakeFreshProject();
