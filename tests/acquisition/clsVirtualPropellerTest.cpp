@@ -1,12 +1,8 @@
 #include "acquisition/clsVirtualPropeller.h"
-#include "model/clsBlades.h"
 #include "model/clsPropeller.h"
-#include "model/clsSection.h"
 #include "model/modUtilities.h"
 
 #include <gtest/gtest.h>
-
-#include <cmath>
 
 namespace corvane {
 namespace {
@@ -25,7 +21,7 @@ double UnrolledLength(const std::vector<double>& r, const std::vector<double>& t
     return length;
 }
 
-TEST(VirtualPropeller, SweepsLieOnTheHelixOfTheirPitchAndChord) {
+TEST(clsVirtualPropellerTest, SweepsLieOnTheHelixOfTheirPitchAndChord) {
     for (int rotation : {0, 1}) {
         clsVirtualPropeller prop;
         prop.RotationIndex = static_cast<std::int16_t>(rotation);
@@ -53,7 +49,7 @@ TEST(VirtualPropeller, SweepsLieOnTheHelixOfTheirPitchAndChord) {
     }
 }
 
-TEST(VirtualPropeller, BladesFollowSpacingOffsetsAndPitchFactors) {
+TEST(clsVirtualPropellerTest, BladesFollowSpacingOffsetsAndPitchFactors) {
     clsVirtualPropeller prop;
     prop.BladeCount = 3;
     prop.FirstBladeThetaDeg = 10.0;
@@ -71,7 +67,7 @@ TEST(VirtualPropeller, BladesFollowSpacingOffsetsAndPitchFactors) {
     EXPECT_DOUBLE_EQ(scan.Blades(0)->Section(2)->Radius(0), 6.0);
 }
 
-TEST(VirtualPropeller, TheArmFindsTheSurfaceOnlyOverABlade) {
+TEST(clsVirtualPropellerTest, TheArmFindsTheSurfaceOnlyOverABlade) {
     clsVirtualPropeller prop;
     std::vector<double> r, theta, drop;
     prop.Sweep(1, 0.6, 11, r, theta, drop);
@@ -84,7 +80,7 @@ TEST(VirtualPropeller, TheArmFindsTheSurfaceOnlyOverABlade) {
     EXPECT_FALSE(prop.DropAt(NAN, r[5], found));
 }
 
-TEST(VirtualPropeller, QuantisedSweepsLandOnEncoderCounts) {
+TEST(clsVirtualPropellerTest, QuantisedSweepsLandOnEncoderCounts) {
     clsVirtualPropeller prop;
     prop.AngleCountsPerRotation = 8000;
     prop.RadiusCountsPerMM = 200;

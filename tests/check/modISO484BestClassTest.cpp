@@ -1,10 +1,8 @@
 #include "iso484/ISOEvaluationFixture.h"
 
 #include "check/modISO484BestClass.h"
-#include "iso484/modISO484.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace corvane {
 namespace {
@@ -13,7 +11,7 @@ using test::ISOEvaluationTest;
 using testing::Each;
 
 // The class search over the hand-built results: the data step keeps them as they stand.
-class BestClassTest : public ISOEvaluationTest {
+class modISO484BestClassTest : public ISOEvaluationTest {
 protected:
     static std::int32_t KeepResults(clsCorvane&, std::int16_t&) {
         ++dataSteps;
@@ -35,7 +33,7 @@ protected:
     static inline int dataSteps = 0;
 };
 
-TEST_F(BestClassTest, CleanPropellerReachesClassS) {
+TEST_F(modISO484BestClassTest, CleanPropellerReachesClassS) {
     EXPECT_EQ(BestClass(0), 1);
     EXPECT_EQ(propellerCode, 0);
     for (int row = kISORowCoverage; row < kISOClassRows; ++row) {
@@ -48,7 +46,7 @@ TEST_F(BestClassTest, CleanPropellerReachesClassS) {
 }
 
 // Each fault lands in the class whose tolerance it first fits, on its own blade and row only.
-TEST_F(BestClassTest, FaultsLandInTheClassTheirToleranceAllows) {
+TEST_F(modISO484BestClassTest, FaultsLandInTheClassTheirToleranceAllows) {
     // Blade mean pitch 1.2 % off: beyond S (0.75 %) and 1 (1 %), within 2 (1.5 %).
     ScanBlade(1).SetISOBladePitch(kPitch * 1.012);
     // Blade 2 turned 1.5 degrees: beyond 1 degree (S, 1), within 2 (classes 2, 3).
@@ -79,13 +77,13 @@ TEST_F(BestClassTest, FaultsLandInTheClassTheirToleranceAllows) {
     EXPECT_EQ(BestClass(3), 1);
 }
 
-TEST_F(BestClassTest, FaultBeyondEveryClassStaysAtTheWorstCode) {
+TEST_F(modISO484BestClassTest, FaultBeyondEveryClassStaysAtTheWorstCode) {
     ScanBlade(0).SetChord(1, kChord * 1.08); // class 3 allows 5 %
     EXPECT_EQ(BestClass(4), 2);
     EXPECT_EQ(Code(kISORowChordLength, 0), 4);
 }
 
-TEST_F(BestClassTest, PartialCoverageMeetsOnlyPartly) {
+TEST_F(modISO484BestClassTest, PartialCoverageMeetsOnlyPartly) {
     for (int k : {0, 2, 4, 6, 7}) {
         DropSection(k);
     }
@@ -100,7 +98,7 @@ TEST_F(BestClassTest, PartialCoverageMeetsOnlyPartly) {
     EXPECT_EQ(BestClass(4), 1);
 }
 
-TEST_F(BestClassTest, CoverageOfASmallPropeller) {
+TEST_F(modISO484BestClassTest, CoverageOfASmallPropeller) {
     UsePropeller(700.0, 500.0, 150.0); // ISO 484-2, below the 0.8 m size limit
     for (int k : {0, 2, 4}) {
         DropSection(k);
@@ -116,7 +114,7 @@ TEST_F(BestClassTest, CoverageOfASmallPropeller) {
     EXPECT_EQ(Code(kISORowCoverage, 1), 2);
 }
 
-TEST_F(BestClassTest, SingleChannelDropLeavesRakeRowsNotApplicable) {
+TEST_F(modISO484BestClassTest, SingleChannelDropLeavesRakeRowsNotApplicable) {
     Scan().SetScanDrop(2);
     ScanBlade(0).SetISOTotalAxialRakeToBCL(3, 30.0 + 200.0);
     BestClass(0, 1);
@@ -129,7 +127,7 @@ TEST_F(BestClassTest, SingleChannelDropLeavesRakeRowsNotApplicable) {
     EXPECT_THAT(codes[kISORowChordLength], Each(0));
 }
 
-TEST_F(BestClassTest, ProjectKeepsItsClassToleranceAndResults) {
+TEST_F(modISO484BestClassTest, ProjectKeepsItsClassToleranceAndResults) {
     ScanBlade(1).SetISOBladePitch(kPitch * 1.012);
     RunChain(1, 1);
     const double localPitchPercent = ISO().LocalPitchPercent();
@@ -152,7 +150,7 @@ TEST_F(BestClassTest, ProjectKeepsItsClassToleranceAndResults) {
     EXPECT_EQ(dataSteps, 4); // once per class tried
 }
 
-TEST_F(BestClassTest, WithoutReferenceNothingIsEvaluated) {
+TEST_F(modISO484BestClassTest, WithoutReferenceNothingIsEvaluated) {
     Project().SetReferenceSourceIndex(0);
     ScanBlade(0).SetChord(2, kChord * 2.0);
     EXPECT_EQ(BestClass(0), 0);

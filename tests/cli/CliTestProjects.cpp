@@ -6,8 +6,6 @@
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
-#include "model/clsPropeller.h"
-#include "model/clsUnits.h"
 
 #include <gtest/gtest.h>
 

@@ -11,13 +11,9 @@
 #include "common/ServicesFixture.h"
 #include "model/NumberText.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <fstream>
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace corvane::cli {
 namespace {
@@ -66,9 +62,10 @@ bool SameLine(const std::string& golden, const std::string& fresh) {
     return true;
 }
 
-TEST(DemoGoldenTest, RegeneratingTheShippedDemoGivesTheSameProject) {
-    corvane::test::TempFolder temp;
-    const std::string fresh = temp.File("demo.cvpj");
+using DemoGoldenTest = corvane::test::ServicesTest;
+
+TEST_F(DemoGoldenTest, RegeneratingTheShippedDemoGivesTheSameProject) {
+    const std::string fresh = temp->File("demo.cvpj");
     const test::CliRun run = test::Cli({"demo", fresh});
     ASSERT_EQ(run.code, 0) << run.err;
 

@@ -3,10 +3,7 @@
 #include "files/ChunkedOutput.h"
 #include "files/TextEncoding.h"
 
-#include <gtest/gtest.h>
-
 #include <fstream>
-#include <string>
 
 namespace corvane {
 namespace {

@@ -1,12 +1,7 @@
 #include "files/FileAccess.h"
 #include "ProjectFileTestSupport.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <iterator>
-#include <string>
-#include <vector>
 
 namespace corvane {
 namespace {

@@ -1,15 +1,13 @@
 #include "ProjectFileTestSupport.h"
 
 #include "iso484/modISO484.h"
-#include "model/Globals.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 namespace corvane::test {
 
-ProjectObjects MakeFreshProject() {
+void MakeFreshProject() {
     gUnits = std::make_shared<clsUnits>();
     gProject = std::make_shared<clsCorvane>();
     gISO484 = std::make_shared<clsISO484>();
@@ -18,7 +16,6 @@ ProjectObjects MakeFreshProject() {
     gProject->SetBladeCount(4);
     gProject->SetReferenceScanBladesEnabled(0, 1);
     gProject->SetReferenceSectionPitchSourceIndex(1);
-    return {gProject, gUnits, gISO484};
 }
 
 namespace {
@@ -135,92 +132,6 @@ void FillSampleProject() {
             blade->Section(k)->SetSegmentPanelPitchArray({1090.5, 1100.0, 1105.25, 1110.125});
         }
     }
-}
-
-void ExpectSameScan(const clsPropeller& expected, const clsPropeller& actual, const std::string& where) {
-    SCOPED_TRACE(where);
-    EXPECT_EQ(actual.ScanID(), expected.ScanID());
-    EXPECT_EQ(actual.ScanDate(), expected.ScanDate());
-    EXPECT_EQ(actual.ScanSource(), expected.ScanSource());
-    EXPECT_EQ(actual.ScanDrop(), expected.ScanDrop());
-    EXPECT_EQ(actual.Description(), expected.Description());
-    EXPECT_EQ(actual.Diameter(), expected.Diameter());
-    EXPECT_EQ(actual.PitchMean(), expected.PitchMean());
-    EXPECT_EQ(actual.PitchOfRecord(), expected.PitchOfRecord());
-    EXPECT_EQ(actual.MaterialDescription(), expected.MaterialDescription());
-    ASSERT_EQ(actual.BladeCount(), expected.BladeCount());
-    for (int j = 0; j < expected.BladeCount(); ++j) {
-        const auto a = actual.Blades(j);
-        const auto e = expected.Blades(j);
-        EXPECT_EQ(a->BladeDiameter(), e->BladeDiameter()) << "blade " << j;
-        EXPECT_EQ(a->GLPositionThetaDeg(), e->GLPositionThetaDeg()) << "blade " << j;
-        EXPECT_EQ(a->GLPositionAxialX(), e->GLPositionAxialX()) << "blade " << j;
-        ASSERT_EQ(a->SectionCount(), e->SectionCount()) << "blade " << j;
-        for (int k = 0; k < e->SectionCount(); ++k) {
-            const auto as = a->Section(k);
-            const auto es = e->Section(k);
-            EXPECT_EQ(as->RawOffsetCount(), es->RawOffsetCount()) << "blade " << j << " section " << k;
-            EXPECT_EQ(as->RadiusArray(), es->RadiusArray()) << "blade " << j << " section " << k;
-            EXPECT_EQ(as->ThetaDegArray(), es->ThetaDegArray()) << "blade " << j << " section " << k;
-            EXPECT_EQ(as->AxialDropXArray(), es->AxialDropXArray()) << "blade " << j << " section " << k;
-        }
-    }
-}
-
-void ExpectFiledMembersEqual(const ProjectObjects& expected) {
-    const clsCorvane& e = *expected.project;
-    const clsCorvane& a = *gProject;
-    EXPECT_EQ(gUnits->PropLengthIndex(), expected.units->PropLengthIndex());
-    EXPECT_EQ(a.ProjectID(), e.ProjectID());
-    EXPECT_EQ(a.RepairShop(), e.RepairShop());
-    EXPECT_EQ(a.Inspector(), e.Inspector());
-    EXPECT_EQ(a.Notes(), e.Notes());
-    EXPECT_EQ(a.JobNotes(), e.JobNotes());
-    EXPECT_EQ(a.Customer(), e.Customer());
-    EXPECT_EQ(a.Vessel(), e.Vessel());
-    EXPECT_EQ(a.JobNumber(), e.JobNumber());
-    EXPECT_EQ(a.Manufacturer(), e.Manufacturer());
-    EXPECT_EQ(a.ModelNumber(), e.ModelNumber());
-    EXPECT_EQ(a.SerialNumber(), e.SerialNumber());
-    EXPECT_EQ(a.MarkedDiameter(), e.MarkedDiameter());
-    EXPECT_EQ(a.MarkedPitch(), e.MarkedPitch());
-    EXPECT_EQ(a.BladeCount(), e.BladeCount());
-    EXPECT_EQ(a.RotationIndex(), e.RotationIndex());
-    EXPECT_EQ(a.MaterialDescription(), e.MaterialDescription());
-    EXPECT_EQ(a.BoreSize(), e.BoreSize());
-    EXPECT_EQ(a.CupExclusionDistance(), e.CupExclusionDistance());
-    EXPECT_EQ(a.LEExclusionDistance(), e.LEExclusionDistance());
-    EXPECT_EQ(gISO484->ISOTaskIndex(), expected.iso->ISOTaskIndex());
-    EXPECT_EQ(gISO484->ISOCriteriaIndex(), expected.iso->ISOCriteriaIndex());
-    EXPECT_EQ(gISO484->ISOClassIndex(), expected.iso->ISOClassIndex());
-    EXPECT_EQ(gISO484->ISOIncludeInnerRadiusIndex(), expected.iso->ISOIncludeInnerRadiusIndex());
-    EXPECT_EQ(gISO484->ISOInnerRadius(), expected.iso->ISOInnerRadius());
-    EXPECT_EQ(a.ProjectScanCount(), e.ProjectScanCount());
-    EXPECT_EQ(a.ActiveRightScanIndex(), e.ActiveRightScanIndex());
-    EXPECT_EQ(a.ActiveLeftScanIndex(), e.ActiveLeftScanIndex());
-    ASSERT_EQ(a.RightScanCount(), e.RightScanCount());
-    ASSERT_EQ(a.LeftScanCount(), e.LeftScanCount());
-    for (int i = 0; i < e.RightScanCount(); ++i) {
-        ExpectSameScan(*e.RightScan(i), *a.RightScan(i), "right scan " + std::to_string(i));
-    }
-    for (int i = 0; i < e.LeftScanCount(); ++i) {
-        ExpectSameScan(*e.LeftScan(i), *a.LeftScan(i), "left scan " + std::to_string(i));
-    }
-
-    EXPECT_EQ(a.ReferenceSourceIndex(), e.ReferenceSourceIndex());
-    EXPECT_EQ(a.InternalScanSourceIndex(), e.InternalScanSourceIndex());
-    EXPECT_EQ(a.InternalScanIndex(), e.InternalScanIndex());
-    for (int b = 0; b < std::min<int>(e.BladeCount(), 7); ++b) {
-        EXPECT_EQ(a.ReferenceScanBladesEnabled(b), e.ReferenceScanBladesEnabled(b)) << "blade " << b;
-    }
-    EXPECT_EQ(a.ReferenceSectionPitchIndex(), e.ReferenceSectionPitchIndex());
-    EXPECT_EQ(a.ReferenceLocalPitchIndex(), e.ReferenceLocalPitchIndex());
-    EXPECT_EQ(a.ReferenceSectionPitchSourceIndex(), e.ReferenceSectionPitchSourceIndex());
-    EXPECT_EQ(a.ReferenceDiameter(), e.ReferenceDiameter());
-    EXPECT_EQ(a.ReferenceConstantPitch(), e.ReferenceConstantPitch());
-    EXPECT_EQ(a.ReferenceVariablePitchRadialPosArray(), e.ReferenceVariablePitchRadialPosArray());
-    EXPECT_EQ(a.ReferenceVariablePitchArray(), e.ReferenceVariablePitchArray());
-    EXPECT_EQ(a.ReferenceVariablePitchArrayEnabled(), e.ReferenceVariablePitchArrayEnabled());
 }
 
 std::string Crlf(std::string_view text) {

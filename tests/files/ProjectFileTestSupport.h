@@ -4,36 +4,17 @@
 #include "files/FileAccess.h"
 #include "iso484/clsISO484.h"
 #include "model/clsCorvane.h"
-#include "model/clsUnits.h"
-
-#include <memory>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
 
 namespace corvane::test {
 
-// The model objects of one project, kept apart from the globals.
-struct ProjectObjects {
-    std::shared_ptr<clsCorvane> project;
-    std::shared_ptr<clsUnits> units;
-    std::shared_ptr<clsISO484> iso;
-};
-
 // A new, empty project in gProject, gUnits and gISO484, linked as the program links a new
 // project, with the new-project values the file readers depend on (4 blades, blade 0 in the
-// scan reference, "Auto" section pitch source). Returns the objects.
-ProjectObjects MakeFreshProject();
+// scan reference, "Auto" section pitch source).
+void MakeFreshProject();
 
 // Fills the project in the globals with both hands of scans, blades, sections, ISO settings
 // and an external reference, every filed member set to a value of its own.
 void FillSampleProject();
-
-// Every member that a project file keeps, compared between `expected` and the globals.
-void ExpectFiledMembersEqual(const ProjectObjects& expected);
-// The members of a scan that a project file keeps.
-void ExpectSameScan(const clsPropeller& expected, const clsPropeller& actual, const std::string& where);
 
 // Fixture text is written with LF for reading; files hold CR LF.
 std::string Crlf(std::string_view text);

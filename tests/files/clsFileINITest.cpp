@@ -1,29 +1,26 @@
 #include "files/clsFileINI.h"
 #include "ProjectFileTestSupport.h"
-#include "model/CorvaneError.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
+#include <algorithm>
 #include <chrono>
-#include <filesystem>
-#include <string>
-#include <vector>
 
 namespace corvane {
 namespace {
 
 namespace fs = std::filesystem;
 
-class clsFileINITest : public ::testing::Test {
+class clsFileINITest : public test::ServicesTest {
 protected:
     std::string Put(const std::string& name, const std::string& bytes) {
-        test::WriteTextFile(temp.File(name), bytes);
-        return temp.File(name);
+        test::WriteTextFile(temp->File(name), bytes);
+        return temp->File(name);
     }
     static std::string Bytes(const std::string& path) { return test::ReadTextFile(path); }
     std::size_t FilesInFolder() const {
-        return static_cast<std::size_t>(std::distance(fs::directory_iterator(temp.Path()), {}));
+        const auto files = [](const fs::directory_entry& entry) { return entry.is_regular_file(); };
+        return static_cast<std::size_t>(std::count_if(fs::directory_iterator(temp->Path()), {}, files));
     }
     // Writes one block of Tag=Value pairs through a fresh object.
     static int WriteTags(const std::string& path, const std::string& block,
@@ -37,13 +34,12 @@ protected:
         return ini.WriteBlock(block, path);
     }
 
-    test::TempFolder temp;
     bool flag = false;
     std::string text;
 };
 
 TEST_F(clsFileINITest, BlocksAreReplacedInPlaceAppendedAtTheEndAndStaleOnesKept) {
-    const std::string path = temp.File("p.cvpj");
+    const std::string path = temp->File("p.cvpj");
     ASSERT_EQ(WriteTags(path, "Project", {{"Name", "  Job 1"}, {"Unit", "mm"}}), 1);
     ASSERT_EQ(WriteTags(path, "Blade1", {{"Pitch", "1.5"}}), 1);
     ASSERT_EQ(WriteTags(path, "Old", {{"X", "1"}}), 1);
@@ -55,7 +51,7 @@ TEST_F(clsFileINITest, BlocksAreReplacedInPlaceAppendedAtTheEndAndStaleOnesKept)
     EXPECT_EQ(ini.GetStringFromBlockTag("NAME", flag, text), "Job 2");
     EXPECT_EQ(ini.ReadBlock("Missing", path), 0);
     EXPECT_TRUE(ini.Lines().empty()); // the old lines are erased
-    EXPECT_EQ(ini.ReadBlock("Project", temp.File("none.cvpj")), 0);
+    EXPECT_EQ(ini.ReadBlock("Project", temp->File("none.cvpj")), 0);
     EXPECT_EQ(ini.ReadBlock("", path), 0);
     EXPECT_FALSE(flag);
 }
@@ -109,7 +105,7 @@ TEST_F(clsFileINITest, MissingTagsReadAsEmptyExceptIndexTags) {
 }
 
 TEST_F(clsFileINITest, ValueEncodingsRoundTrip) {
-    const std::string path = temp.File("v.cvpj");
+    const std::string path = temp->File("v.cvpj");
     clsFileINI ini;
     const std::vector<std::string> units{"ft", "m", "in", "mm"};
     ini.SetFloatToBlockTag("F", -0.000015, flag, text);
@@ -162,18 +158,6 @@ TEST_F(clsFileINITest, SetterFailuresFlagTheTagAndWriteNothing) {
     EXPECT_EQ(ini.Lines().size(), 3u);
 }
 
-TEST_F(clsFileINITest, IntegerTagsOutside16BitsThrowOverflow) {
-    const std::string path = Put("o.cvpj", "[A]\r\nBig=40000\r\nList=1,99999\r\nEdge=32767.4\r\n");
-    clsFileINI ini;
-    ASSERT_EQ(ini.ReadBlock("A", path), 1);
-    EXPECT_EQ(ini.GetIntegerFromBlockTag("Edge", flag, text), 32767);
-    EXPECT_THAT(
-        [&] { ini.GetIntegerFromBlockTag("Big", flag, text); },
-        testing::Throws<CorvaneError>(testing::Property(&CorvaneError::Number, ErrorNumber::Overflow)));
-    std::vector<std::int16_t> values;
-    EXPECT_THROW(ini.GetIntegerArrayFromBlockTag("List", values, flag, text), CorvaneError);
-}
-
 TEST_F(clsFileINITest, GarbageAndOldFilesReadAndSurviveARewrite) {
     const std::string garbage = std::string("loose line\nx=1\n[A]\nno equals sign\n\x01\x02=\xff\xfe\n") +
                                 std::string("zero\0byte=1\n", 12) +
@@ -199,7 +183,7 @@ TEST_F(clsFileINITest, CacheFollowsChangesMadeBehindItsBack) {
     ASSERT_EQ(reader.ReadBlock("A", path), 1);
     EXPECT_EQ(reader.GetStringFromBlockTag("V", flag, text), "2");
     ASSERT_EQ(WriteTags(path, "A", {{"V", "3"}}), 1);
-    ASSERT_EQ(reader.ReadBlock("a", temp.Folder() + "./c.cvpj"), 1);
+    ASSERT_EQ(reader.ReadBlock("a", temp->Folder() + "./c.cvpj"), 1);
     EXPECT_EQ(reader.GetStringFromBlockTag("V", flag, text), "3");
     // An old file is trusted by its stamp; a new stamp still brings the new content.
     const auto old = fs::last_write_time(path) - std::chrono::hours(2);
@@ -228,7 +212,7 @@ TEST_F(clsFileINITest, CacheFollowsChangesMadeBehindItsBack) {
 }
 
 TEST_F(clsFileINITest, BatchWritesOnceAndReadersSeeIt) {
-    const std::string path = temp.File("b.cvpj");
+    const std::string path = temp->File("b.cvpj");
     ASSERT_EQ(WriteTags(path, "Keep", {{"K", "1"}}), 1);
     const std::string before = Bytes(path);
     clsFileINI writer;
@@ -262,29 +246,9 @@ TEST_F(clsFileINITest, BatchWritesOnceAndReadersSeeIt) {
     EXPECT_EQ(FilesInFolder(), 1u);
 }
 
-TEST_F(clsFileINITest, FailedWritesLeaveTheOldFileIntact) {
-    // A name so long that the temporary beside it cannot be created, whoever runs the test.
-    const std::string path = Put(std::string(250, 'n'), "[A]\r\nV=1\r\n");
-    clsFileINI ini;
-    ini.SetStringToBlockTag("V", "2", flag, text);
-    EXPECT_EQ(ini.WriteBlock("A", path), 0);
-    EXPECT_TRUE(ini.Lines().empty());
-    EXPECT_EQ(Bytes(path), "[A]\r\nV=1\r\n");
-    ASSERT_EQ(ini.ReadBlock("A", path), 1);
-    EXPECT_EQ(ini.GetStringFromBlockTag("V", flag, text), "1");
-    ASSERT_EQ(ini.BeginBatch(path), 1);
-    ASSERT_EQ(WriteTags(path, "B", {{"W", "1"}}), 1);
-    EXPECT_EQ(ini.CommitBatch(), 0);
-    EXPECT_TRUE(ini.InBatch()); // kept for a retry
-    ini.DiscardBatch();
-    EXPECT_EQ(WriteTags(temp.File("no/such/folder/x.cvpj"), "A", {{"V", "1"}}), 0);
-    EXPECT_EQ(WriteTags(temp.Folder(), "A", {{"V", "1"}}), 0);    // a folder, not a file
-    EXPECT_EQ(WriteTags(path + "/x.cvpj", "A", {{"V", "1"}}), 0); // below a plain file
-    EXPECT_EQ(ini.ReadBlock("A", path + "/x.cvpj"), 0);
-    EXPECT_EQ(FilesInFolder(), 1u);
-}
-
-TEST_F(clsFileINITest, AWriteThatFailsAtAnyStepLeavesTheFileAndItsReadersAsTheyWere) {
+// Whichever step of a durable write fails, the file and what its readers see stay as they were,
+// and no temporary is left behind; a batch that fails to commit stays open for a retry.
+TEST_F(clsFileINITest, FailedWritesLeaveTheFileAndItsReadersAsTheyWere) {
     const std::string path = Put("p.cvpj", "[A]\r\nV=1\r\n");
     clsFileINI ini;
     ASSERT_EQ(ini.ReadBlock("A", path), 1); // the parsed file is now held by `ini`
@@ -293,11 +257,28 @@ TEST_F(clsFileINITest, AWriteThatFailsAtAnyStepLeavesTheFileAndItsReadersAsTheyW
         const ScopedFileWriteSteps scope(steps);
         ini.SetStringToBlockTag("V", "2", flag, text);
         EXPECT_EQ(ini.WriteBlock("A", path), 0) << step;
+        EXPECT_TRUE(ini.Lines().empty());
         EXPECT_EQ(Bytes(path), "[A]\r\nV=1\r\n") << step;
         ASSERT_EQ(ini.ReadBlock("A", path), 1);
         EXPECT_EQ(ini.GetStringFromBlockTag("V", flag, text), "1") << step;
         EXPECT_EQ(FilesInFolder(), 1u) << step;
     }
+    ASSERT_EQ(ini.BeginBatch(path), 1);
+    ASSERT_EQ(WriteTags(path, "B", {{"W", "1"}}), 1);
+    {
+        test::FailingWriteSteps steps("rename");
+        const ScopedFileWriteSteps scope(steps);
+        EXPECT_EQ(ini.CommitBatch(), 0);
+    }
+    EXPECT_TRUE(ini.InBatch()); // kept for a retry
+    EXPECT_EQ(ini.CommitBatch(), 1);
+    EXPECT_NE(Bytes(path).find("[B]\r\nW=1\r\n"), std::string::npos);
+    // Paths that cannot take a file, whoever runs the test.
+    EXPECT_EQ(WriteTags(temp->File("no/such/folder/x.cvpj"), "A", {{"V", "1"}}), 0);
+    EXPECT_EQ(WriteTags(temp->Folder(), "A", {{"V", "1"}}), 0);   // a folder, not a file
+    EXPECT_EQ(WriteTags(path + "/x.cvpj", "A", {{"V", "1"}}), 0); // below a plain file
+    EXPECT_EQ(ini.ReadBlock("A", path + "/x.cvpj"), 0);
+    EXPECT_EQ(FilesInFolder(), 1u);
 }
 
 } // namespace

@@ -2,10 +2,6 @@
 #include "ProjectFileTestSupport.h"
 #include "model/Globals.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace corvane {
 namespace {
 

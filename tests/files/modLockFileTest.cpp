@@ -3,13 +3,12 @@
 #include "files/FileAccess.h"
 #include "files/modLockFile.h"
 
-#include <filesystem>
 #include <fstream>
 
 namespace corvane {
 namespace {
 
-class LockFileTest : public test::ServicesTest {
+class modLockFileTest : public test::ServicesTest {
 protected:
     std::string ReadAll(const std::string& path) {
         std::string bytes;
@@ -19,7 +18,7 @@ protected:
     std::string project() const { return temp->File("P1_20261122_090507.cvpj"); }
 };
 
-TEST_F(LockFileTest, WriteNamesThisStationAndReplacesAnOldLock) {
+TEST_F(modLockFileTest, WriteNamesThisStationAndReplacesAnOldLock) {
     WriteFileAtomically(LockFilePath(project()), "UserName=someone\r\nComputerName=ELSEWHERE\r\n");
     ASSERT_EQ(WriteLockFile(project()), 1);
     EXPECT_EQ(ReadAll(project() + ".lck"),
@@ -37,7 +36,7 @@ TEST_F(LockFileTest, WriteNamesThisStationAndReplacesAnOldLock) {
     EXPECT_EQ(RemoveLockFile(project()), 1);
 }
 
-TEST_F(LockFileTest, MissingNamesFallBackToPlaceholders) {
+TEST_F(modLockFileTest, MissingNamesFallBackToPlaceholders) {
     environment.userName.clear();
     environment.computerName.clear();
     ASSERT_EQ(WriteLockFile(project()), 1);
@@ -47,7 +46,7 @@ TEST_F(LockFileTest, MissingNamesFallBackToPlaceholders) {
     EXPECT_EQ(computer, "MyPC");
 }
 
-TEST_F(LockFileTest, AShortOrOddLockStillCountsAsLocked) {
+TEST_F(modLockFileTest, AShortOrOddLockStillCountsAsLocked) {
     std::string user = "x", computer = "y";
     WriteFileAtomically(LockFilePath(project()), "UserName=alone\n");
     EXPECT_EQ(ReadLockFile(project(), user, computer), 0);
@@ -62,7 +61,7 @@ TEST_F(LockFileTest, AShortOrOddLockStillCountsAsLocked) {
     EXPECT_EQ(computer, "BENCH2");
 }
 
-TEST_F(LockFileTest, FailuresGiveZeroAndNeverThrow) {
+TEST_F(modLockFileTest, FailuresGiveZeroAndNeverThrow) {
     std::string user, computer;
     EXPECT_EQ(WriteLockFile(""), 0);
     EXPECT_EQ(WriteLockFile(temp->File("no/such/folder/p.cvpj")), 0);

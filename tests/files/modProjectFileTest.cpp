@@ -5,9 +5,6 @@
 #include "files/modReferenceFile.h"
 #include "model/Globals.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <regex>
 
 namespace corvane {
@@ -16,29 +13,17 @@ namespace {
 namespace fs = std::filesystem;
 using test::ProjectFileTest;
 
-class modProjectFileTest : public ProjectFileTest {
-protected:
-    // The file text without its Source line, which carries the build's version.
-    static std::string WithoutSource(const std::string& text) {
-        return std::regex_replace(text, std::regex("\nSource=[^\r]*\r\n"), "\n");
-    }
-};
+using modProjectFileTest = ProjectFileTest;
 
 TEST_F(modProjectFileTest, WritesBlocksAndTagsInTheirOrder) {
     clsCorvane& p = *gProject;
     p.SetProjectID("P1");
     p.SetNotes("a\r\nb");
-    p.SetCustomer("C");
-    p.SetMarkedDiameter(4.5);
-    p.SetLEExclusionDistance(0.25);
     p.SetBladeCount(2);
     p.SetRightScanCount(1);
     p.SetProjectScanCount(1);
     clsPropeller& scan = *p.RightScan(0);
-    scan.SetScanDate("2026/11/22 9:0:0");
-    scan.SetScanSource("USB4");
     scan.SetScanDrop(1);
-    scan.SetDiameter(4.5);
     scan.Blades(0)->SetSectionCount(1);
     scan.Blades(0)->Section(0)->SetRadiusArray({1.5, 1.75});
     scan.Blades(0)->Section(0)->SetThetaDegArray({-10, 12.5});
@@ -47,112 +32,44 @@ TEST_F(modProjectFileTest, WritesBlocksAndTagsInTheirOrder) {
 
     const std::string path = temp->File("order.cvpj");
     ASSERT_EQ(WriteProjectFile(path), 1);
-    EXPECT_EQ(WithoutSource(test::ReadTextFile(path)), test::Crlf(R"([Project]
-SchemaVersion=2
-LastModified=2026/11/22 9:5:7
-PropLength=ft
-ProjectID=P1
-RepairShop=
-Inspector=
-Notes=a|b
-JobNotes=
-Customer=C
-Vessel=
-JobNumber=
-[PropellerInfo]
-Manufacturer=
-ModelNumber=
-SerialNumber=
-MarkedDiameter=4.5
-MarkedPitch=
-BladeCount=2
-Rotation=Right
-MaterialDescription=
-BoreSize=
-ISOTaskIndex=ClassSpec
-ISOCriteriaIndex=Primary
-ClassIndex=ClassS
-IncludeInnerRadiusIndex=Off
-InnerRadius=30
-CupExclusionDistance=0
-LEExclusionDistance=0.25
-RightScanCount=1
-LeftScanCount=0
-ProjectScanCount=1
-ActiveRightScanIndex=0
-ActiveLeftScanIndex=0
-[RightPropeller1]
-ScanID=0
-ScanDate=2026/11/22 9:0:0
-ScanSource=USB4
-ScanDrop=DualChannel
-Description=
-Diameter=4.5
-PitchMean=0
-PitchOfRecord=
-BladeCount=2
-MaterialDescription=
-[RightPropeller1Blade1]
-BladeDiameter=0
-GLPositionThetaDeg=0
-GLPositionAxialX=0
-SectionCount=1
-[RightPropeller1Blade1Section1]
-RawOffsetCount=2
-Radius=1.5,1.75
-ThetaDeg=-10,12.5
-AxialDropX=.5,-.25
-[RightPropeller1Blade2]
-BladeDiameter=0
-GLPositionThetaDeg=180
-GLPositionAxialX=0
-SectionCount=0
-[ReferencePropellerInfo]
-ReferenceSource=None
-ReferenceSourceFilePath=
-InternalScanSourceIndex=Active
-InternalScanIndex=0
-ReferenceIncludeBlade1=On
-ReferenceIncludeBlade2=Off
-ReferenceSectionPitch=SectionPitchConstant
-ReferenceLocalPitch=LocalPitchFlatFace
-ReferenceSectionPitchSource=Auto
-ReferenceDiameter=0
-ReferenceConstantPitch=0
-ReferenceVariablePitchCount=8
-ReferenceVariablePitchRadialPos=0,0,0,0,0,0,0,0
-ReferenceVariablePitch=0,0,0,0,0,0,0,0
-)"));
+    // The order of every block and tag is pinned by the shipped demo (DemoGoldenTest); here the
+    // forms of values the demo does not have.
+    const std::string text = test::ReadTextFile(path);
+    EXPECT_EQ(text.rfind("[Project]\r\nSchemaVersion=2\r\nLastModified=2026/11/22 9:5:7\r\nSource=", 0), 0u);
+    for (
+        const char* expected :
+        {"\r\nPropLength=ft\r\nProjectID=P1\r\nRepairShop=\r\nInspector=\r\nNotes=a|b\r\n",
+         "\r\nScanDrop=DualChannel\r\n",
+         "\r\n[RightPropeller1Blade1Section1]\r\nRawOffsetCount=2\r\nRadius=1.5,1.75\r\nThetaDeg=-10,12.5\r\n"
+         "AxialDropX=.5,-.25\r\n[RightPropeller1Blade2]\r\n",
+         "\r\nGLPositionThetaDeg=180\r\nGLPositionAxialX=0\r\nSectionCount=0\r\n[ReferencePropellerInfo]\r\n",
+         "\r\nReferenceIncludeBlade1=On\r\nReferenceIncludeBlade2=Off\r\n"}) {
+        EXPECT_NE(text.find(expected), std::string::npos) << expected;
+    }
     // The third line names the program and its version, with the build tag when there is one.
-    EXPECT_TRUE(std::regex_search(test::ReadTextFile(path),
-                                  std::regex("\nSource=Corvane \\d+\\.\\d\\d\\.\\d{4}\r\n")));
+    EXPECT_TRUE(std::regex_search(text, std::regex("\nSource=Corvane \\d+\\.\\d\\d\\.\\d{4}\r\n")));
     gBuildTag = "rc2";
     ASSERT_EQ(WriteProjectFile(path), 1);
     EXPECT_TRUE(std::regex_search(test::ReadTextFile(path),
                                   std::regex("\nSource=Corvane \\d+\\.\\d\\d\\.\\d{4}\\.rc2\r\n")));
 }
 
+// The sample sets every filed member to a value of its own, so a member that is lost or taken
+// for another on the way in is written differently the second time.
 TEST_F(modProjectFileTest, RoundTripKeepsEveryFiledMemberOfBothHands) {
     test::FillSampleProject();
-    const test::ProjectObjects written{gProject, gUnits, gISO484};
     const std::string path = temp->File("sample.cvpj");
     ASSERT_EQ(WriteProjectFile(path), 1);
 
     test::MakeFreshProject();
     ASSERT_EQ(ReadProjectShown(path), 1);
-    test::ExpectFiledMembersEqual(written);
     // The external reference file is gone: the embedded copy serves, under its bare name.
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), "blue-line.cvrf");
-    const clsPropeller& reference = *gProject->ReferenceSource();
-    const clsBlades& expectedBlade = *written.project->ReferenceSource()->Blades(0);
-    EXPECT_EQ(reference.Diameter(), 1250.0);
-    ASSERT_EQ(reference.BladeCount(), 1);
-    ASSERT_EQ(reference.Blades(0)->SectionCount(), 3);
-    for (int k = 0; k < 3; ++k) {
-        EXPECT_EQ(reference.Blades(0)->Pitch(k), expectedBlade.Pitch(k));
-        EXPECT_EQ(reference.Blades(0)->Section(k)->SegmentPanelPitchArray(),
-                  written.project->ReferenceSource()->Blades(0)->Section(k)->SegmentPanelPitchArray());
-    }
+    EXPECT_EQ(gProject->ReferenceSource()->Blades(0)->SectionCount(), 3);
+    gProject->SetReferenceSourceFilePath("C:\\refs\\blue-line.cvrf");
+    const std::string again = temp->File("again.cvpj");
+    ASSERT_EQ(WriteProjectFile(again), 1);
+    EXPECT_EQ(test::ReadTextFile(again), test::ReadTextFile(path));
 }
 
 TEST_F(modProjectFileTest, SavingAgainKeepsBlocksItNoLongerWritesUnread) {

@@ -3,8 +3,6 @@
 #include "ProjectFileTestSupport.h"
 #include "model/Globals.h"
 
-#include <gtest/gtest.h>
-
 namespace corvane {
 namespace {
 
@@ -38,9 +36,8 @@ protected:
 };
 
 TEST_F(modReferenceFileTest, RoundTripKeepsOneBladeOfSectionValues) {
-    const clsPropeller written = ThreeBladeReference();
     const std::string path = temp->File("design.cvrf");
-    ASSERT_EQ(WriteReferenceBlocks(path, written, flag, text), 1);
+    ASSERT_EQ(WriteReferenceBlocks(path, ThreeBladeReference(), flag, text), 1);
     EXPECT_EQ(test::ReadTextFile(path), test::Crlf(R"([ReferencePropeller]
 Diameter=1250.5
 [ReferenceBlade1]
@@ -70,23 +67,14 @@ SegmentPanelCount=3
 SegmentPanelPitch=1090.125,1101.5,1114.75
 )"));
 
+    // Read back and written again, the file is the same: one blade, every value kept.
     clsPropeller read;
     ASSERT_EQ(ReadReferenceBlocks(path, read, flag, text), 1);
     EXPECT_FALSE(flag);
-    EXPECT_EQ(read.Diameter(), 1250.5);
-    ASSERT_EQ(read.BladeCount(), 1);
-    const auto blade = read.Blades(0);
-    const auto source = written.Blades(0);
-    ASSERT_EQ(blade->SectionCount(), 3);
-    for (int k = 0; k < 3; ++k) {
-        EXPECT_EQ(blade->RadialPos(k), source->RadialPos(k));
-        EXPECT_EQ(blade->Chord(k), source->Chord(k));
-        EXPECT_EQ(blade->Pitch(k), source->Pitch(k));
-        EXPECT_EQ(blade->SkewHelix(k), source->SkewHelix(k));
-        EXPECT_EQ(blade->RakeAft(k), source->RakeAft(k));
-        EXPECT_EQ(blade->Section(k)->SegmentPanelCount(), source->Section(k)->SegmentPanelCount());
-        EXPECT_EQ(blade->Section(k)->SegmentPanelPitchArray(), source->Section(k)->SegmentPanelPitchArray());
-    }
+    EXPECT_EQ(read.BladeCount(), 1);
+    const std::string again = temp->File("again.cvrf");
+    ASSERT_EQ(WriteReferenceBlocks(again, read, flag, text), 1);
+    EXPECT_EQ(test::ReadTextFile(again), test::ReadTextFile(path));
 }
 
 TEST_F(modReferenceFileTest, WritingReplacesItsBlocksAndKeepsTheOthers) {

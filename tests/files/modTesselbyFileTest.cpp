@@ -4,8 +4,6 @@
 #include "ProjectFileTestSupport.h"
 #include "model/Globals.h"
 
-#include <gtest/gtest.h>
-
 namespace corvane {
 namespace {
 

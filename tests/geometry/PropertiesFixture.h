@@ -6,9 +6,7 @@
 #include "iso484/clsISO484.h"
 
 #include <algorithm>
-#include <cmath>
 #include <numbers>
-#include <string>
 
 namespace corvane::test {
 

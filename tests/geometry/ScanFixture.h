@@ -3,17 +3,8 @@
 #include "acquisition/clsVirtualPropeller.h"
 #include "common/ServicesFixture.h"
 #include "model/Globals.h"
-#include "model/clsBlades.h"
 #include "model/clsCorvane.h"
-#include "model/clsPropeller.h"
-#include "model/clsSection.h"
-#include "model/clsUnits.h"
 #include "model/modUtilities.h"
-
-#include <cmath>
-#include <memory>
-#include <string>
-#include <vector>
 
 namespace corvane::test {
 

@@ -6,8 +6,6 @@
 #include "geometry/clsSplineFit.h"
 #include "model/Globals.h"
 
-#include <vector>
-
 namespace corvane::test {
 
 // End tangents handed to a fit; a flagged natural end hands its computed tangent back here.

@@ -3,17 +3,15 @@
 #include "geometry/modScanDataUtilities.h"
 #include "geometry/modSplineFit.h"
 
-#include <gtest/gtest.h>
-
 namespace corvane::test {
 namespace {
 
-using SectionDropCurve = PropertiesTest;
+using clsSectionDropCurveTest = PropertiesTest;
 
 // The curve stands in for the routines' own fits, so it must answer exactly as they do: same
 // status, same number to the last bit, on smooth and on quantised sweeps, inside, at and beyond
 // the ends.
-TEST_F(SectionDropCurve, AnswersExactlyAsTheRoutinesItStandsInFor) {
+TEST_F(clsSectionDropCurveTest, AnswersExactlyAsTheRoutinesItStandsInFor) {
     for (double counts : {0.0, 40000.0}) {
         clsVirtualPropeller prop = ShopPropeller(1, 3);
         prop.AngleCountsPerRotation = counts;
@@ -48,7 +46,7 @@ TEST_F(SectionDropCurve, AnswersExactlyAsTheRoutinesItStandsInFor) {
     }
 }
 
-TEST_F(SectionDropCurve, RefusesSweepsItWouldFitDifferently) {
+TEST_F(clsSectionDropCurveTest, RefusesSweepsItWouldFitDifferently) {
     auto scan = SweepProject(ShopPropeller(0, 2), 20);
     auto section = scan->Blades(0)->Section(4);
     clsSectionDropCurve curve;

@@ -2,10 +2,7 @@
 
 #include "SplineFitFixture.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
-#include <vector>
 
 namespace corvane {
 namespace {

@@ -1,14 +1,10 @@
 #include "geometry/modCheckScanData.h"
 #include "ScanFixture.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace corvane::test {
 namespace {
 
-using CheckScan = ScanTest;
+using modCheckScanDataTest = ScanTest;
 
 const char* const kRadiusError = "An error in the arm radius values was found. Arm radius values cannot be "
                                  "negative, the scan data cannot be processed.";
@@ -17,46 +13,9 @@ const char* const kBladeError = "An error in the blade data was found. The blade
 const char* const kNoDataError =
     "An error in the scan data was found. The scan has no data and is unable to proceed.";
 
-TEST_F(CheckScan, AlignsScansOfEitherHandAndEveryBladeCount) {
-    const std::vector<double> offsets = {0.4, 1.5, -2.0, 0.75, -1.25, 2.5, -0.5};
-    for (std::int16_t rotation : {0, 1}) {
-        for (std::int16_t n = 2; n <= 7; ++n) {
-            SCOPED_TRACE("rotation " + std::to_string(rotation) + ", blades " + std::to_string(n));
-            clsVirtualPropeller prop;
-            prop.RotationIndex = rotation;
-            prop.BladeCount = n;
-            prop.FirstBladeThetaDeg = 350; // sweeps of blade 0 cross 0/360 before and after the turn
-            prop.BladeOffsetDeg = offsets;
-            Sweep(prop);
-            gProject->PropellerScan(0)->Blades(0)->SetGLPositionThetaDeg(7.0);
-            ASSERT_EQ(CheckScanData(*gProject, 0), 1);
-            ASSERT_TRUE(prompts.History().empty());
-
-            auto scan = gProject->PropellerScan(0);
-            const double turn = 350 + offsets[0];
-            const double spacing = 360.0 / n;
-            for (int slot = 0; slot < n; ++slot) {
-                // The virtual blades run with the rotation; the slots run against it.
-                const int blade = (n - slot) % n;
-                const double gl =
-                    rotation == 0 ? Wrap360(-spacing * slot) : (slot == 0 ? 7.0 : spacing * slot);
-                EXPECT_DOUBLE_EQ(scan->Blades(slot)->GLPositionThetaDeg(), gl);
-                EXPECT_TRUE(SameAngle(scan->Blades(slot)->ISOEffectiveBladeAngleDeg() - gl,
-                                      slot == 0 && rotation == 1 ? -7.0 : offsets[blade] - offsets[0]));
-                for (int row = 0; row < 8; ++row) {
-                    auto section = scan->Blades(slot)->Section(row);
-                    ASSERT_EQ(section->RawOffsetCount(), 12) << "no point of an ideal sweep goes backwards";
-                    const double te = prop.TrailingEdgeThetaDeg(blade, kStandardRadialPositions[row]);
-                    EXPECT_TRUE(SameAngle(section->ThetaDeg(0), te - turn));
-                    EXPECT_GE(section->ThetaDeg(11), 0.0);
-                    EXPECT_LT(section->ThetaDeg(11), 360.0);
-                }
-            }
-        }
-    }
-}
-
-TEST_F(CheckScan, BackwardPointsCloseUpTheAnglesOnly) {
+// The turn and renumbering of ideal scans of every hand and blade count are checked with their
+// properties (modPropellerPropertiesTest); here what the check refuses or repairs.
+TEST_F(modCheckScanDataTest, BackwardPointsCloseUpTheAnglesOnly) {
     for (std::int16_t rotation : {0, 1}) {
         clsVirtualPropeller prop;
         prop.RotationIndex = rotation;
@@ -85,21 +44,7 @@ TEST_F(CheckScan, BackwardPointsCloseUpTheAnglesOnly) {
     }
 }
 
-TEST_F(CheckScan, ArmRadiusAtOrBelowZeroRefusesTheScan) {
-    for (double bad : {0.0, -0.5}) {
-        prompts.Clear();
-        clsVirtualPropeller prop;
-        auto scan = Sweep(prop);
-        scan->Blades(1)->Section(4)->SetRadius(3, bad);
-        prompts.Expect(Answer::OK, "arm radius");
-        EXPECT_EQ(CheckScanData(*gProject, 0), 0);
-        ASSERT_EQ(prompts.History().size(), 1u);
-        ExpectShown(prompts.History()[0], kRadiusError, "Scan Data Error",
-                    MsgBox::OKOnly | MsgBox::Exclamation);
-    }
-}
-
-TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
+TEST_F(modCheckScanDataTest, BladesWithoutSectionsAskBeforeGoingOn) {
     // The question is asked after the blades are renumbered against the direction of rotation:
     // the virtual blades stand in the sense of rotation, so the empty one, 120 degrees ahead of
     // blade 0, ends up in the last slot.
@@ -131,23 +76,33 @@ TEST_F(CheckScan, BladesWithoutSectionsAskBeforeGoingOn) {
     EXPECT_EQ(prompts.History().at(0).text, "Blades [2, 4] have no sections. Do you wish to proceed?");
 }
 
-TEST_F(CheckScan, AScanWithoutDataIsRefused) {
+TEST_F(modCheckScanDataTest, ScansThatCannotBeProcessedAreRefused) {
+    for (double bad : {0.0, -0.5}) {
+        prompts.Clear();
+        Sweep(clsVirtualPropeller{})->Blades(1)->Section(4)->SetRadius(3, bad);
+        prompts.Expect(Answer::OK, "arm radius");
+        EXPECT_EQ(CheckScanData(*gProject, 0), 0);
+        ASSERT_EQ(prompts.History().size(), 1u);
+        ExpectShown(prompts.History()[0], kRadiusError, "Scan Data Error",
+                    MsgBox::OKOnly | MsgBox::Exclamation);
+    }
+
+    prompts.Clear();
     NewProject(0, 3);
     prompts.Expect(Answer::Yes, "Blades [1, 2, 3] have no sections.");
     prompts.Expect(Answer::OK, "no data");
     EXPECT_EQ(CheckScanData(*gProject, 0), 0);
     ASSERT_EQ(prompts.History().size(), 2u);
     ExpectShown(prompts.History()[1], kNoDataError, "Scan Data Error", MsgBox::OKOnly | MsgBox::Exclamation);
-}
 
-TEST_F(CheckScan, NoScanOrNoBladesIsRefusedSilently) {
-    gProject = std::make_shared<clsCorvane>();
-    EXPECT_EQ(CheckScanData(*gProject, 0), 0) << "no scans";
-    NewProject(0, 3);
+    // No such scan, or no blades: refused without a word.
+    prompts.Clear();
     EXPECT_EQ(CheckScanData(*gProject, 1), 0);
     EXPECT_EQ(CheckScanData(*gProject, -1), 0);
     gProject->SetBladeCount(0);
     EXPECT_EQ(CheckScanData(*gProject, 0), 0);
+    clsCorvane none;
+    EXPECT_EQ(CheckScanData(none, 0), 0) << "no scans";
     EXPECT_TRUE(prompts.History().empty());
 }
 

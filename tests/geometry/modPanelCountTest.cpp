@@ -1,12 +1,10 @@
 #include "geometry/modPanelCount.h"
 #include "PropertiesFixture.h"
 
-#include <gtest/gtest.h>
-
 namespace corvane::test {
 namespace {
 
-class PanelCount : public ScanTest {
+class modPanelCountTest : public ScanTest {
 protected:
     void SetUp() override {
         ScanTest::SetUp();
@@ -34,7 +32,7 @@ protected:
     std::shared_ptr<clsPropeller> scan;
 };
 
-TEST_F(PanelCount, Iso4841KeepsPanelsBetween100And400Millimetres) {
+TEST_F(modPanelCountTest, Iso4841KeepsPanelsBetween100And400Millimetres) {
     Settings(0, 0);
     // 250 mm: 2 panels raised to 4, then 62.5 and 83.3 mm are too narrow, 125 mm is not.
     EXPECT_EQ(Count(250.0), 2);
@@ -58,7 +56,7 @@ TEST_F(PanelCount, Iso4841KeepsPanelsBetween100And400Millimetres) {
     }
 }
 
-TEST_F(PanelCount, Iso4842CountsByClassAndKeepsPanelsAnInchWide) {
+TEST_F(modPanelCountTest, Iso4842CountsByClassAndKeepsPanelsAnInchWide) {
     const int byClass[] = {4, 3, 3, 2, 1, 1};
     for (std::int16_t cls = 0; cls <= 5; ++cls) {
         Settings(1, cls);
@@ -69,7 +67,7 @@ TEST_F(PanelCount, Iso4842CountsByClassAndKeepsPanelsAnInchWide) {
     EXPECT_EQ(Count(50.0), 1); // 12.5, 16.7 and 25 mm are all below an inch
 }
 
-TEST_F(PanelCount, TaskPutsAStationOrAPanelOnTheCentreLine) {
+TEST_F(modPanelCountTest, TaskPutsAStationOrAPanelOnTheCentreLine) {
     Settings(0, 0, 1); // node on CL: even
     EXPECT_EQ(Count(700.0), 4);
     Settings(1, 1, 1);
@@ -82,14 +80,14 @@ TEST_F(PanelCount, TaskPutsAStationOrAPanelOnTheCentreLine) {
     EXPECT_EQ(Count(700.0, 0.0, 0.0, true), 48) << "panel mode";
 }
 
-TEST_F(PanelCount, ChordsAreJudgedInMillimetres) {
+TEST_F(modPanelCountTest, ChordsAreJudgedInMillimetres) {
     gProject->Units()->SetPropLengthIndex(2); // inches
     Settings(0, 0);
     EXPECT_EQ(Count(250.0 / 25.4), 2);
     EXPECT_EQ(Count(700.0 / 25.4), 4);
 }
 
-TEST_F(PanelCount, ExportCountTakesBladeZerosChordWithoutWidthRules) {
+TEST_F(modPanelCountTest, ExportCountTakesBladeZerosChordWithoutWidthRules) {
     Settings(0, 0);
     scan->Blades(0)->SetChord(2, 250.0);
     EXPECT_EQ(GetExportPanelCount(*scan, 2), 4) << "no narrowing below 100 mm";

@@ -2,11 +2,6 @@
 #include "PropertiesFixture.h"
 #include "geometry/modISOPitch.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-#include <utility>
-
 namespace corvane::test {
 namespace {
 
@@ -29,9 +24,9 @@ void ExpectIdeal(const IdealScan& ideal, clsPropeller& scan) {
     EXPECT_EQ(scan.PitchOfRecord(), "2400");
 }
 
-using CalculateProperties = PropertiesTest;
+using modPropellerPropertiesTest = PropertiesTest;
 
-TEST_F(CalculateProperties, IdealScansOfEitherHandAndEveryBladeCountGiveTheirOwnGeometry) {
+TEST_F(modPropellerPropertiesTest, IdealScansOfEitherHandAndEveryBladeCountGiveTheirOwnGeometry) {
     const std::vector<double> offsets = {0.0, 0.7, -0.4, 0.25, -0.9, 0.5, 0.15};
     const std::vector<double> factors = {1.0, 1.01, 0.985, 1.0, 1.02, 0.99, 1.005};
     for (bool radial : {false, true}) {
@@ -68,7 +63,7 @@ TEST_F(CalculateProperties, IdealScansOfEitherHandAndEveryBladeCountGiveTheirOwn
     }
 }
 
-TEST_F(CalculateProperties, QuantisedSweepsStayCloseToTheIdeal) {
+TEST_F(modPropellerPropertiesTest, QuantisedSweepsStayCloseToTheIdeal) {
     for (std::int16_t rotation : {0, 1}) {
         SCOPED_TRACE("rotation " + std::to_string(rotation));
         clsVirtualPropeller prop = ShopPropeller(rotation, 4);
@@ -96,7 +91,7 @@ TEST_F(CalculateProperties, QuantisedSweepsStayCloseToTheIdeal) {
     }
 }
 
-TEST_F(CalculateProperties, ExclusionDistancesTrimTheSegmentAlongTheHelix) {
+TEST_F(modPropellerPropertiesTest, ExclusionDistancesTrimTheSegmentAlongTheHelix) {
     clsVirtualPropeller prop = ShopPropeller(1, 3);
     prop.SkewDeg = {{0.0, 0.0}};
     SweepProject(prop, 50);

@@ -1,16 +1,39 @@
 #include "geometry/modReferenceSegments.h"
 #include "PropertiesFixture.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 namespace corvane::test {
 namespace {
 
-using ReferenceSegments = ScanTest;
+class modReferenceSegmentsTest : public ScanTest {
+protected:
+    // Segment of 20 degrees about BCL angle 0.5 and axial 5, at radius 600, four panels.
+    void SetUp() override {
+        ScanTest::SetUp();
+        MakeSegment();
+    }
+    void MakeSegment() {
+        section = clsSection{};
+        section.SetSegmentThetaTE(-9.5);
+        section.SetSegmentThetaLE(10.5);
+        section.SetSegmentThetaBCL(0.5);
+        section.SetSegmentAxialXTE(5.0 - 2000.0 * 10.0 / 360.0);
+        section.SetSegmentAxialXLE(5.0 + 2000.0 * 10.0 / 360.0);
+        section.SetSegmentAxialXBCL(5.0);
+        section.SetRawThetaTE(-12.0);
+        section.SetRawThetaLE(13.0);
+        section.SetRawAxialXTE(-60.0);
+        section.SetRawAxialXLE(70.0);
+        section.SetRawOffsetCount(30);
+        section.SetRawOffsetX(0, 3.0);
+    }
 
-TEST_F(ReferenceSegments, ReferenceTakesTheSegmentAllScanBladesShare) {
+    // Axial rise of a panel of `pitch` over 5 degrees.
+    static double Rise(double pitch) { return pitch * 5.0 / 360.0; }
+
+    clsSection section;
+};
+
+TEST_F(modReferenceSegmentsTest, ReferenceTakesTheSegmentAllScanBladesShare) {
     for (std::int16_t rotation : {0, 1}) {
         auto scan = NewProject(rotation, 2);
         const double te[] = {-10.0, -9.0};
@@ -38,36 +61,11 @@ TEST_F(ReferenceSegments, ReferenceTakesTheSegmentAllScanBladesShare) {
     }
 }
 
-class RebuildSection : public ServicesTest {
-protected:
-    // Segment of 20 degrees about BCL angle 0.5 and axial 5, at radius 600, four panels.
-    void SetUp() override {
-        ServicesTest::SetUp();
-        section.SetSegmentThetaTE(-9.5);
-        section.SetSegmentThetaLE(10.5);
-        section.SetSegmentThetaBCL(0.5);
-        section.SetSegmentAxialXTE(5.0 - 2000.0 * 10.0 / 360.0);
-        section.SetSegmentAxialXLE(5.0 + 2000.0 * 10.0 / 360.0);
-        section.SetSegmentAxialXBCL(5.0);
-        section.SetRawThetaTE(-12.0);
-        section.SetRawThetaLE(13.0);
-        section.SetRawAxialXTE(-60.0);
-        section.SetRawAxialXLE(70.0);
-        section.SetRawOffsetCount(30);
-        section.SetRawOffsetX(0, 3.0);
-    }
-
-    // Axial rise of a panel of `pitch` over 5 degrees.
-    static double Rise(double pitch) { return pitch * 5.0 / 360.0; }
-
-    clsSection section;
-};
-
-TEST_F(RebuildSection, PanelsOfTheNominalPitchGiveBackTheHelix) {
+TEST_F(modReferenceSegmentsTest, PanelsOfTheNominalPitchGiveBackTheHelix) {
     for (std::int16_t rotation : {0, 1}) {
         SCOPED_TRACE("rotation " + std::to_string(rotation));
         const double sense = rotation == 0 ? 1.0 : -1.0;
-        SetUp();
+        MakeSegment();
         if (rotation == 1) {
             section.SetSegmentThetaTE(10.5);
             section.SetSegmentThetaLE(-9.5);
@@ -93,7 +91,7 @@ TEST_F(RebuildSection, PanelsOfTheNominalPitchGiveBackTheHelix) {
     }
 }
 
-TEST_F(RebuildSection, RawEndsAnchorTheStationsWithoutWrapping) {
+TEST_F(modReferenceSegmentsTest, RawEndsAnchorTheStationsWithoutWrapping) {
     section.SetSegmentPanelPitchArray({2000.0, 2000.0, 2000.0, 2000.0, 2000.0});
     ASSERT_EQ(RebuildSectionFromPanels(0, section, 600.0, 2000.0, 0.0, 0.0, 0.0, 0.0, 350.0, false), 1);
     ASSERT_EQ(section.RawOffsetCount(), 6);

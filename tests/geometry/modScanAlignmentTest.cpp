@@ -2,14 +2,12 @@
 #include "ScanFixture.h"
 #include "geometry/modEffectiveBladeAngle.h"
 
-#include <gtest/gtest.h>
-
 namespace corvane::test {
 namespace {
 
-using ScanAlignment = ScanTest;
+using modScanAlignmentTest = ScanTest;
 
-TEST_F(ScanAlignment, EffectiveAngleAveragesMidAnglesOfRowsEveryBladeHolds) {
+TEST_F(modScanAlignmentTest, EffectiveAngleAveragesMidAnglesOfRowsEveryBladeHolds) {
     auto scan = NewProject(0, 2);
     // Blade 0 straddles 0/360: mid-angles 10 and 13, mean 11.5 from the origin 350.
     SetSweep(*scan, 0, 0, {350, 0, 10});
@@ -34,7 +32,7 @@ TEST_F(ScanAlignment, EffectiveAngleAveragesMidAnglesOfRowsEveryBladeHolds) {
     EXPECT_DOUBLE_EQ(scan->Blades(1)->ISOEffectiveBladeAngleDeg(), -7.0);
 }
 
-TEST_F(ScanAlignment, ReviewFollowsEachBladeAndWindowsCrossZero) {
+TEST_F(modScanAlignmentTest, ReviewFollowsEachBladeAndWindowsCrossZero) {
     // Three blades, half window 60. Slot 0 starts at 10 (window 310..70) and must take 350
     // from blade 1, then 20 from blade 2 around its new angle 350 (window 290..50).
     auto scan = NewProject(0, 3);
@@ -63,7 +61,7 @@ TEST_F(ScanAlignment, ReviewFollowsEachBladeAndWindowsCrossZero) {
     }
 }
 
-TEST_F(ScanAlignment, ReviewRepairsSwappedSweepsAlongASkewedBlade) {
+TEST_F(modScanAlignmentTest, ReviewRepairsSwappedSweepsAlongASkewedBlade) {
     clsVirtualPropeller prop;
     prop.BladeCount = 4;
     prop.FirstBladeThetaDeg = 30;
@@ -96,7 +94,7 @@ TEST_F(ScanAlignment, ReviewRepairsSwappedSweepsAlongASkewedBlade) {
     EXPECT_TRUE(SameAngle(At(1, 2)->ThetaDeg(0), prop.TrailingEdgeThetaDeg(1, 0.8)));
 }
 
-TEST_F(ScanAlignment, AssignOrdersBladesFromBlade0AgainstRotationWithoutWrapping) {
+TEST_F(modScanAlignmentTest, AssignOrdersBladesFromBlade0AgainstRotationWithoutWrapping) {
     // Effective angles 100, 50 and 200. Blade 0 is not the lowest, so the others are carried
     // by 360 - 100 without a wrap: 310 and 460.
     for (std::int16_t rotation : {0, 1}) {
@@ -121,7 +119,7 @@ TEST_F(ScanAlignment, AssignOrdersBladesFromBlade0AgainstRotationWithoutWrapping
     }
 }
 
-TEST_F(ScanAlignment, ShiftMovesTheLiveArmWhenOneIsGiven) {
+TEST_F(modScanAlignmentTest, ShiftMovesTheLiveArmWhenOneIsGiven) {
     clsVirtualPropeller prop;
     prop.BladeCount = 3;
     prop.FirstBladeThetaDeg = 20;

@@ -5,11 +5,6 @@
 #include "model/clsCorvane.h"
 #include "model/modUtilities.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <memory>
-
 namespace corvane {
 namespace {
 
@@ -119,41 +114,6 @@ TEST_F(modScanDataUtilitiesTest, HelicalSectionGivesItsOwnPitchRakeChordAndSkew)
     }
 }
 
-TEST_F(modScanDataUtilitiesTest, ZeroPitchTakesTheFlatFormulasWithoutRotationSign) {
-    Helix h;
-    h.pitch = 0.0;
-    const auto s = h.Section();
-    double chord[2] = {};
-    double skew[2] = {};
-    for (const std::int16_t rotation : {kRight, kLeft}) {
-        EXPECT_EQ(CalcChord(rotation, h.rake, 0.0, *s, h.x0, h.t0, chord[rotation]), 1);
-        EXPECT_EQ(CalcSkew(rotation, h.radius, h.rake, 0.0, *s, h.x0, h.t0, skew[rotation]), 1);
-    }
-    EXPECT_NEAR(chord[0], 65.0 * h.radius * gDegToRad, 1e-9);
-    EXPECT_EQ(chord[1], chord[0]);
-    // The plain mean arc: (-40 + 25) / 2 degrees, not negated as the helical form is.
-    EXPECT_NEAR(skew[0], -7.5 * h.radius * gDegToRad, 1e-9);
-    EXPECT_EQ(skew[1], skew[0]);
-
-    double pitch = 0.0;
-    EXPECT_EQ(CalcPitch(kRight, *s, pitch), 1);
-    EXPECT_EQ(pitch, 0.0);
-}
-
-TEST_F(modScanDataUtilitiesTest, EqualEndAnglesLeaveThePitchAndSucceed) {
-    clsSection s;
-    s.SetRawOffsetCount(2);
-    s.SetSegmentThetaTE(-170.0);
-    s.SetSegmentThetaLE(190.0); // the same angle once wrapped
-    s.SetSegmentAxialXTE(1.0);
-    s.SetSegmentAxialXLE(9.0);
-    double pitch = 123.0;
-    EXPECT_EQ(CalcPitch(kRight, s, pitch), 1);
-    EXPECT_EQ(pitch, 123.0);
-    EXPECT_EQ(CalcNoseTailPitch(kLeft, s, pitch), 1); // raw ends all 0
-    EXPECT_EQ(pitch, 123.0);
-}
-
 TEST_F(modScanDataUtilitiesTest, DegenerateSectionsFailOrGiveFiniteValues) {
     clsSection empty;
     double result = 7.0;
@@ -176,6 +136,17 @@ TEST_F(modScanDataUtilitiesTest, DegenerateSectionsFailOrGiveFiniteValues) {
         }
     }
     EXPECT_EQ(Measure(one, *one.Section()).chord, 0.0);
+
+    // End angles that are one once wrapped leave the pitch as it was.
+    clsSection s;
+    s.SetRawOffsetCount(2);
+    s.SetSegmentThetaTE(-170.0);
+    s.SetSegmentThetaLE(190.0);
+    s.SetSegmentAxialXLE(9.0);
+    double pitch = 123.0;
+    EXPECT_EQ(CalcPitch(kRight, s, pitch), 1);
+    EXPECT_EQ(CalcNoseTailPitch(kLeft, s, pitch), 1); // raw ends all 0
+    EXPECT_EQ(pitch, 123.0);
     EXPECT_TRUE(prompts.History().empty());
 }
 
@@ -228,66 +199,43 @@ TEST_F(modScanDataUtilitiesTest, WrappingOnTheAxisGoesToTheHandler) {
     EXPECT_EQ(Offsets2DToSurface3D(kRight, s, 0.0, 1000, 100, 0, 0, 0, 0), 0);
 }
 
-class SectionOnPropellerTest : public modScanDataUtilitiesTest {
-protected:
-    void SetUp() override {
-        modScanDataUtilitiesTest::SetUp();
-        gProject = std::make_shared<clsCorvane>();
-        propeller.SetBladeCount(3);
-        propeller.SetDiameter(2000);
-        for (int b = 0; b < 3; ++b) {
-            propeller.Blades(b)->SetSectionCount(8);
-        }
-        helix.radius = 700;
-        helix.t0 = 240; // the GL of blade 1 of three
-        helix.x0 = -4;
-        blade()->SetGLPositionThetaDeg(helix.t0);
-        blade()->SetGLPositionAxialX(helix.x0);
-        blade()->SetSection(3, helix.Section());
-    }
-
-    std::shared_ptr<clsBlades> blade() { return propeller.Blades(1); }
-
+// The helix as the 0.7 section of blade 1 of three, 2 m across: measured in place, and read for
+// its drop within the angles it covers only.
+TEST_F(modScanDataUtilitiesTest, SectionOnAPropellerIsMeasuredAndReadInPlace) {
+    gProject = std::make_shared<clsCorvane>();
     clsPropeller propeller;
+    propeller.SetBladeCount(3);
+    propeller.SetDiameter(2000);
     Helix helix;
-};
+    helix.radius = 700;
+    helix.t0 = 240; // the GL of blade 1 of three
+    helix.x0 = -4;
+    auto blade = propeller.Blades(1);
+    blade->SetSectionCount(8);
+    blade->SetGLPositionThetaDeg(helix.t0);
+    blade->SetGLPositionAxialX(helix.x0);
+    blade->SetSection(3, helix.Section());
 
-TEST_F(SectionOnPropellerTest, AxialDropIsReadWithinTheMeasuredAnglesOnly) {
-    double drop = 0.0;
-    for (const double rel : {-10.0, helix.teRel, helix.leRel}) {
-        ASSERT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(rel), drop), 1) << rel;
-        EXPECT_NEAR(drop, helix.Drop(rel), 1e-9) << rel;
-    }
-
-    drop = 5.5;
-    EXPECT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(helix.leRel + 1e-9), drop), 0);
-    EXPECT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(helix.teRel - 1e-9), drop), 0);
-    EXPECT_EQ(CalcSectionAxialDrop(propeller, 1, 2, helix.t0, drop), 0) << "no offsets";
-    EXPECT_EQ(CalcSectionAxialDrop(propeller, 3, 3, helix.t0, drop), 0) << "no such blade";
-    EXPECT_EQ(CalcSectionAxialDrop(propeller, 1, 8, helix.t0, drop), 0) << "no such section";
-    EXPECT_EQ(drop, 5.5);
-    EXPECT_TRUE(prompts.History().empty());
-}
-
-TEST_F(SectionOnPropellerTest, ProcessSectionMeasuresStoresEveryMeasure) {
     ASSERT_EQ(ProcessSectionMeasures(propeller, 1, 3), 1);
-    EXPECT_NEAR(blade()->RadialPos(3), 0.7, 1e-12);
-    EXPECT_NEAR(blade()->Pitch(3), helix.pitch, 1e-9 * helix.pitch);
-    EXPECT_NEAR(blade()->RakeAft(3), helix.rake, 1e-9 * helix.pitch);
-    EXPECT_NEAR(blade()->Chord(3), helix.Chord(), 1e-9 * helix.Chord());
-    EXPECT_NEAR(blade()->SkewHelix(3), helix.Skew(), 1e-9 * helix.Chord());
-
+    EXPECT_NEAR(blade->RadialPos(3), 0.7, 1e-12);
+    EXPECT_NEAR(blade->SkewHelix(3), helix.Skew(), 1e-9 * helix.Chord());
     // The project's hand decides: the same points read as a left-hand blade are mirrored.
     gProject->SetRotationIndex(kLeft);
     ASSERT_EQ(ProcessSectionMeasures(propeller, 1, 3), 1);
-    EXPECT_NEAR(blade()->Pitch(3), -helix.pitch, 1e-9 * helix.pitch);
-
+    EXPECT_NEAR(blade->Pitch(3), -helix.pitch, 1e-9 * helix.pitch);
     // An empty section is left alone; indices out of range fail.
-    blade()->SetPitch(2, 42.0);
+    blade->SetPitch(2, 42.0);
     EXPECT_EQ(ProcessSectionMeasures(propeller, 1, 2), 1);
-    EXPECT_EQ(blade()->Pitch(2), 42.0);
+    EXPECT_EQ(blade->Pitch(2), 42.0);
     EXPECT_EQ(ProcessSectionMeasures(propeller, 3, 3), 0);
-    EXPECT_EQ(ProcessSectionMeasures(propeller, 1, -1), 0);
+
+    double drop = 5.5;
+    EXPECT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(helix.leRel + 1e-9), drop), 0);
+    EXPECT_EQ(CalcSectionAxialDrop(propeller, 1, 2, helix.t0, drop), 0) << "no offsets";
+    EXPECT_EQ(CalcSectionAxialDrop(propeller, 3, 3, helix.t0, drop), 0) << "no such blade";
+    EXPECT_EQ(drop, 5.5);
+    ASSERT_EQ(CalcSectionAxialDrop(propeller, 1, 3, helix.Theta(-10.0), drop), 1);
+    EXPECT_NEAR(drop, helix.Drop(-10.0), 1e-9);
     EXPECT_TRUE(prompts.History().empty());
 
     // Without a diameter there is no r/R: a mathematical error for the handler, and failure.

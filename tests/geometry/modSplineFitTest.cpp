@@ -3,11 +3,8 @@
 #include "common/ServicesFixture.h"
 #include "model/Globals.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <limits>
-#include <vector>
 
 namespace corvane {
 namespace {

@@ -5,18 +5,9 @@
 // test puts something off. The geometry routines are stand-ins that leave those results alone.
 
 #include "common/ServicesFixture.h"
-#include "iso484/clsISO484.h"
 #include "iso484/modISO484.h"
-#include "model/Globals.h"
-#include "model/clsBlades.h"
 #include "model/clsCorvane.h"
-#include "model/clsPropeller.h"
-#include "model/clsSection.h"
-#include "model/clsUnits.h"
 #include "model/modUtilities.h"
-
-#include <memory>
-#include <vector>
 
 namespace corvane::test {
 

@@ -30,26 +30,15 @@ protected:
 
 } // namespace
 
-TEST_F(clsISO484Test, LabelsAndTagsFollowTheIndexOrTheCurrentValue) {
-    EXPECT_DOUBLE_EQ(iso.ISOInnerRadius(), 30.0);
-    EXPECT_EQ(iso.ISOClassLabel(), "Class S");
-    iso.SetISOClassIndex(2);
-    EXPECT_EQ(iso.ISOClassFileTag(), "ClassIa");
-    EXPECT_EQ(iso.ISOClassLabel(5), "Custom");
-    EXPECT_EQ(iso.ISOClassLabel(6), "");
-    EXPECT_EQ(iso.ISOClassFileTag(-2), "");
-    iso.SetISOCriteriaIndex(1);
-    EXPECT_EQ(iso.ISOCriteriaFileTag(), "Secondary");
+TEST_F(clsISO484Test, TagsOfTheCurrentValueFollowTheirOwnRules) {
     // Tasks 3 and 4 only come from old files: a tag, no label.
     iso.SetISOTaskIndex(4);
     EXPECT_EQ(iso.ISOTaskFileTag(), "Repair");
     EXPECT_EQ(iso.ISOTaskLabel(), "");
-
     // The inner radius tag of the current value reads the standard.
     iso.SetISOIncludeInnerRadiusIndex(1);
     EXPECT_EQ(iso.ISOIncludeInnerRadiusLabel(), "On");
     EXPECT_EQ(iso.ISOIncludeInnerRadiusFileTag(), "Off");
-    EXPECT_EQ(iso.ISOIncludeInnerRadiusFileTag(1), "On");
     iso.SetISOStandardIndex(1);
     iso.SetISOIncludeInnerRadiusIndex(0);
     EXPECT_EQ(iso.ISOIncludeInnerRadiusFileTag(), "On");
@@ -73,25 +62,6 @@ TEST_F(clsISO484Test, LengthTolerancesConvertThroughTheLinkedUnits) {
     EXPECT_DOUBLE_EQ(unlinked.DZRatioTol(), 7.0);
     EXPECT_THAT([&] { unlinked.DZRatioTol(kMillimetres); }, Fails(91));
     EXPECT_THAT([&] { unlinked.SetDZRatioTol(1.0, kMillimetres); }, Fails(91));
-}
-
-TEST_F(clsISO484Test, RequiredRadialPositionsStayWithinTheirCount) {
-    iso.SetRequiredRadialPosCount(3);
-    iso.SetRequiredRadialPos(0, 0.9);
-    iso.SetRequiredRadialPos(3, 0.1); // beyond the count: ignored
-    EXPECT_DOUBLE_EQ(iso.RequiredRadialPos(3), 0.0);
-    iso.SetRequiredRadialPosCount(5); // rows kept
-    EXPECT_DOUBLE_EQ(iso.RequiredRadialPos(0), 0.9);
-    EXPECT_DOUBLE_EQ(iso.RequiredRadialPos(3), 0.0);
-
-    iso.SetRequiredRadialPosCount(2.5); // a fractional count bounds by count - 1
-    iso.SetRequiredRadialPos(1, 0.7);
-    EXPECT_DOUBLE_EQ(iso.RequiredRadialPos(1), 0.7);
-    EXPECT_DOUBLE_EQ(iso.RequiredRadialPos(2), 0.0);
-
-    EXPECT_THAT([&] { iso.RequiredRadialPos(-1); }, Fails(ErrorNumber::SubscriptOutOfRange));
-    EXPECT_THAT([&] { iso.SetRequiredRadialPosCount(-1); }, Fails(ErrorNumber::SubscriptOutOfRange));
-    EXPECT_THAT([&] { iso.SetRequiredRadialPosCount(1e9); }, Fails(ErrorNumber::Overflow));
 }
 
 TEST_F(clsISO484Test, ConvertAllDataRescalesTolerancesButNotFractions) {

@@ -1,18 +1,15 @@
 #include "ISOEvaluationFixture.h"
 
-#include "iso484/modISO484.h"
-
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace corvane {
 namespace {
 
 using test::ISOEvaluationTest;
 
-class ClassStatusTest : public ISOEvaluationTest {};
+using modISO484ClassTest = ISOEvaluationTest;
 
-TEST_F(ClassStatusTest, ISO4842FloorsPassASmallPropellerThatISO4841WouldFail) {
+TEST_F(modISO484ClassTest, ISO4842FloorsPassASmallPropellerThatISO4841WouldFail) {
     UsePropeller(1000.0, 500.0, 200.0);
     ScanBlade(1).SetISOBladePitch(504.0); // 0.8 %: 3.75 mm allowed by the percentage, 5 by the floor
     ISO().SetISOClassIndex(0);
@@ -31,7 +28,7 @@ TEST_F(ClassStatusTest, ISO4842FloorsPassASmallPropellerThatISO4841WouldFail) {
     EXPECT_EQ(EvaluateClassStatus(Project(), large), 2);
 }
 
-TEST_F(ClassStatusTest, SectionsOutsideTheClassDoNotDecide) {
+TEST_F(modISO484ClassTest, SectionsOutsideTheClassDoNotDecide) {
     ScanBlade(0).SetChord(0, kChord * 1.04); // r/R 0.95: required by classes S and 1 only
     RunChain(1);
     EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 2);
@@ -39,7 +36,7 @@ TEST_F(ClassStatusTest, SectionsOutsideTheClassDoNotDecide) {
     EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 1);
 }
 
-TEST_F(ClassStatusTest, LocalPitchAndContinuityDecideExceptInClass3) {
+TEST_F(modISO484ClassTest, LocalPitchAndContinuityDecideExceptInClass3) {
     auto s = ScanBlade(2).Section(3); // r/R 0.7, required by every class
     s->SetSegmentPanelPitch(1, kPitch * 1.06);
     RunChain(3);
@@ -61,7 +58,7 @@ TEST_F(ClassStatusTest, LocalPitchAndContinuityDecideExceptInClass3) {
     EXPECT_TRUE(propellerOK);
 }
 
-TEST_F(ClassStatusTest, RakeBetweenBladesAndProgressionNeverDecide) {
+TEST_F(modISO484ClassTest, RakeBetweenBladesAndProgressionNeverDecide) {
     // Each blade is inside its own rake window (15 mm in class S), but they differ by 20.
     ScanBlade(0).SetISOTotalAxialRakeToBCL(3, 30.0 + 10.0);
     ScanBlade(1).SetISOTotalAxialRakeToBCL(3, 30.0 - 10.0);
@@ -82,7 +79,7 @@ TEST_F(ClassStatusTest, RakeBetweenBladesAndProgressionNeverDecide) {
     EXPECT_FALSE(flags[kISORowRakeBetweenBlades][1]);
 }
 
-TEST(EvaluationSentence, WordsStandardCriteriaAndClass) {
+TEST_F(modISO484ClassTest, EvaluationSentenceWordsStandardCriteriaAndClass) {
     clsISO484 iso;
     std::string standard, sentence;
     iso.SetISOStandardIndex(1);

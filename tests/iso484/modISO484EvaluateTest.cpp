@@ -1,17 +1,11 @@
 #include "ISOEvaluationFixture.h"
 
-#include "iso484/modISO484.h"
-
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <cmath>
-#include <vector>
 
 namespace corvane {
 namespace {
 
-class EvaluatorTest : public test::ISOEvaluationTest {
+class modISO484EvaluateTest : public test::ISOEvaluationTest {
 protected:
     void SetUp() override {
         ISOEvaluationTest::SetUp();
@@ -22,7 +16,7 @@ protected:
     double l = 0, u = 0, v = 0;
 };
 
-TEST_F(EvaluatorTest, WithoutReferenceEveryWindowClosesOnTheValue) {
+TEST_F(modISO484EvaluateTest, WithoutReferenceEveryWindowClosesOnTheValue) {
     Project().SetReferenceSourceIndex(0);
     ScanBlade(1).SetISOBladePitch(2222.0);
     ScanBlade(1).SetChord(2, 999.0);
@@ -47,7 +41,7 @@ TEST_F(EvaluatorTest, WithoutReferenceEveryWindowClosesOnTheValue) {
     EXPECT_TRUE(r.Blades[1].Sections[2].RakeToNextBlade->Pass);
 }
 
-TEST_F(EvaluatorTest, TargetsFollowTheReferenceSource) {
+TEST_F(modISO484EvaluateTest, TargetsFollowTheReferenceSource) {
     // From another scan: the mean over the enabled reference blades; a disabled one is ignored.
     Project().SetReferenceSourceIndex(1);
     Reference().Blades(3)->SetBladeEnabled(false);
@@ -88,7 +82,7 @@ TEST_F(EvaluatorTest, TargetsFollowTheReferenceSource) {
     EXPECT_DOUBLE_EQ(v, 30.0);
 }
 
-TEST_F(EvaluatorTest, InnerSectionsGetHalfAgainOnPitchOnly) {
+TEST_F(modISO484EvaluateTest, InnerSectionsGetHalfAgainOnPitchOnly) {
     auto width = [&](auto evaluate) {
         EXPECT_EQ(evaluate(), 1);
         return u - l;
@@ -113,7 +107,7 @@ TEST_F(EvaluatorTest, InnerSectionsGetHalfAgainOnPitchOnly) {
     EXPECT_TRUE(ISO().Results().Blades[0].Sections[6].NoseTailPitch.Pass);
 }
 
-TEST_F(EvaluatorTest, FloorsWidenOnlyUnderISO4842) {
+TEST_F(modISO484EvaluateTest, FloorsWidenOnlyUnderISO4842) {
     UsePropeller(1000.0, 500.0, 150.0);
     SetISOStandardAndTolerances(ISO(), Project()); // ISO 484-2 class S
     ASSERT_EQ(EvaluateChordLength(ISO(), Project(), 0, 0, 1, l, u, v), 1);
@@ -129,7 +123,7 @@ TEST_F(EvaluatorTest, FloorsWidenOnlyUnderISO4842) {
     EXPECT_NEAR(u - l, 2 * 2.25, 1e-9);
 }
 
-TEST_F(EvaluatorTest, BoundsAreInclusive) {
+TEST_F(modISO484EvaluateTest, BoundsAreInclusive) {
     ISO().SetISOClassIndex(5);
     ISO().SetMeanPitchPerBladePercent(0.25);
     for (int b = 0; b < kBlades; ++b) {
@@ -145,7 +139,7 @@ TEST_F(EvaluatorTest, BoundsAreInclusive) {
     EXPECT_EQ(ISO().Results().Blades[2].BladeMeanPitch.Upper, 1280.0);
 }
 
-TEST_F(EvaluatorTest, BladeSpacingIsTakenToTheMeasuredNeighbours) {
+TEST_F(modISO484EvaluateTest, BladeSpacingIsTakenToTheMeasuredNeighbours) {
     // Blades stand at 0, 270, 180 and 90. An unswept blade keeps a stale angle of 0 that must
     // never be taken for a position.
     struct Case {
@@ -168,7 +162,7 @@ TEST_F(EvaluatorTest, BladeSpacingIsTakenToTheMeasuredNeighbours) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        SetUp();
+        UsePropeller(kDiameter, kPitch, kChord);
         TurnBlade(2, c.turn2);
         for (int b : c.unswept) {
             ScanBlade(b).SetISOEffectiveBladeAngleDeg(0.0);
@@ -189,7 +183,7 @@ TEST_F(EvaluatorTest, BladeSpacingIsTakenToTheMeasuredNeighbours) {
     }
 }
 
-TEST_F(EvaluatorTest, LEPositionWindowIsCappedAndGivenAlongTheHelix) {
+TEST_F(modISO484EvaluateTest, LEPositionWindowIsCappedAndGivenAlongTheHelix) {
     double lLen = 0, uLen = 0, vLen = 0;
     ASSERT_EQ(EvaluateLEPosition(ISO(), Project(), 0, 1, 3, l, u, v, lLen, uLen, vLen), 1);
     const double radius = 0.7 * kDiameter / 2.0;
@@ -211,7 +205,7 @@ TEST_F(EvaluatorTest, LEPositionWindowIsCappedAndGivenAlongTheHelix) {
     EXPECT_EQ(v, -1.0);
 }
 
-TEST_F(EvaluatorTest, CriteriaWalkRecordsEveryWindow) {
+TEST_F(modISO484EvaluateTest, CriteriaWalkRecordsEveryWindow) {
     ScanBlade(0).Section(2)->SetSegmentPanelPitch(3, kPitch * 1.02);
     ScanBlade(2).Section(7)->SetRawOffsetCount(1); // one point: not measured
     RunChain(0, 1);
@@ -237,7 +231,7 @@ TEST_F(EvaluatorTest, CriteriaWalkRecordsEveryWindow) {
     EXPECT_EQ(gISOStatus[kISOStatusRakeBetweenBlades], kISOCellNotApplicable);
 }
 
-TEST_F(EvaluatorTest, EvaluatorErrorsReachTheHandlerAndFailTheCriterion) {
+TEST_F(modISO484EvaluateTest, EvaluatorErrorsReachTheHandlerAndFailTheCriterion) {
     Project().SetReferenceSourceIndex(1);
     for (int b = 0; b < kBlades; ++b) {
         Reference().Blades(b)->SetBladeEnabled(false); // a reference of no blade at all

@@ -1,12 +1,9 @@
 #include "iso484/modISO484.h"
 
 #include "common/ServicesFixture.h"
-#include "model/CorvaneError.h"
-#include "model/Globals.h"
 #include "model/clsCorvane.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace corvane {
 namespace {

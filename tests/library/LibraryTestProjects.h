@@ -9,14 +9,9 @@
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
-#include "model/clsUnits.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <string>
 
 namespace corvane::test {
 

@@ -7,14 +7,14 @@
 #include <cmath>
 #include <limits>
 #include <random>
-#include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
 namespace corvane {
 namespace {
 
-TEST(NumberText, FloatsTakeTheShortestFileFormWithExponentsBelowE_4AndFromE15) {
+TEST(NumberTextTest, FloatsTakeTheShortestFileFormWithExponentsBelowE_4AndFromE15) {
     // 15 digits hide the binary residue of 0.1 + 0.2; 999999999999999.9 carries into the exponent.
     // clang-format off
     const std::pair<double, const char*> cases[] = {
@@ -34,7 +34,7 @@ TEST(NumberText, FloatsTakeTheShortestFileFormWithExponentsBelowE_4AndFromE15) {
     EXPECT_EQ(FormatFileInteger(1234567), "1234567");
 }
 
-TEST(NumberText, LeadingNumberReadsLikeVal) {
+TEST(NumberTextTest, LeadingNumberReadsLikeVal) {
     // An exponent letter without digits ends the number; blanks inside are passed over; 0.1 is
     // correctly rounded.
     // clang-format off
@@ -50,17 +50,8 @@ TEST(NumberText, LeadingNumberReadsLikeVal) {
     EXPECT_THROW(ParseLeadingNumber("1e400"), CorvaneError);
 }
 
-TEST(NumberText, EveryFileFloatReadsBackExactlyAtFifteenDigits) {
-    const double values[] = {0.1, -2.675, 1234.56789, 6.02214076e23, 1.5e-5, 3.14159265358979, 1e-300};
-    for (const double v : values) {
-        const double back = ParseLeadingNumber(FormatFileFloat(v));
-        EXPECT_EQ(FormatFileFloat(back), FormatFileFloat(v)) << v;
-        EXPECT_NEAR(back, v, std::abs(v) * 1e-14) << v;
-    }
-}
-
 // Plain file numbers take a shortcut; it must read exactly what the full scan reads.
-TEST(NumberText, PlainNumbersReadLikeTheFullScan) {
+TEST(NumberTextTest, PlainNumbersReadLikeTheFullScan) {
     // clang-format off
     std::vector<std::string> texts = {"0", "-0", "-.0", ".5", "5.", "-.5", "1.5E-05", "1E+15", "1e400", "-1e400",
                                       "1e-400", "4.9E-324", "2.4E-324", "1.7976931348623157E+308", "00012.50",
@@ -102,29 +93,26 @@ TEST(NumberText, PlainNumbersReadLikeTheFullScan) {
     }
 }
 
-TEST(NumberText, ScanReportsWhereTheNumberEnds) {
-    EXPECT_EQ(ScanNumber("1,5", ',', false).end, 3u);
+TEST(NumberTextTest, ScanReportsWhereTheNumberEnds) {
+    const std::tuple<const char*, char, std::size_t> cases[] = {
+        {"1,5", ',', 3}, {"1.5", ',', 1}, {"2e", '.', 1}, {"2e-3", '.', 4}};
+    for (const auto& [text, separator, end] : cases) {
+        EXPECT_EQ(ScanNumber(text, separator, false).end, end) << text;
+    }
     EXPECT_EQ(ScanNumber("1,5", ',', false).value, 1.5);
-    EXPECT_EQ(ScanNumber("1.5", ',', false).end, 1u);
-    EXPECT_EQ(ScanNumber("2e", '.', false).end, 1u);
-    EXPECT_EQ(ScanNumber("2e-3", '.', false).end, 4u);
     EXPECT_FALSE(ScanNumber("-.", '.', false).found);
 }
 
 // Qt sets the C locale from the user's; a comma locale must not change a byte of a file.
-TEST(NumberText, CommaLocaleChangesNothing) {
+TEST(NumberTextTest, CommaLocaleChangesNothing) {
     const std::string previous = std::setlocale(LC_ALL, nullptr);
-    const char* names[] = {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8", "de_DE"};
     const char* chosen = nullptr;
-    for (const char* name : names) {
-        if (std::setlocale(LC_ALL, name) != nullptr) {
+    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8", "de_DE"}) {
+        if (chosen == nullptr && std::setlocale(LC_ALL, name) != nullptr) {
             chosen = name;
-            break;
         }
     }
-    if (chosen == nullptr) {
-        GTEST_SKIP() << "no comma locale installed";
-    }
+    ASSERT_NE(chosen, nullptr) << "no comma locale installed: scripts/deps generates de_DE.UTF-8";
     ASSERT_EQ(*std::localeconv()->decimal_point, ',');
     const std::string small = FormatFileFloat(-0.000015);
     const std::string plain = FormatFileFloat(1234.5);

@@ -2,7 +2,6 @@
 #include "platform/QtEnvironment.h"
 #include "platform/QtPrompts.h"
 #include "platform/QtSettingsStore.h"
-#include "support/Services.h"
 
 #include <gtest/gtest.h>
 
@@ -30,7 +29,7 @@ QApplication& App() {
     return *app;
 }
 
-TEST(QtSettingsStore, KeepsRegistryKeyPathsUnderTheOrganisation) {
+TEST(QtServicesTest, SettingsStoreKeepsRegistryKeyPathsUnderTheOrganisation) {
     App();
     EXPECT_EQ(QtSettingsStore::GroupOf("Software\\Corvane\\DefaultOptions"),
               QStringLiteral("DefaultOptions"));
@@ -54,7 +53,7 @@ TEST(QtSettingsStore, KeepsRegistryKeyPathsUnderTheOrganisation) {
     EXPECT_EQ(store.GetValue(key, "RootDirectory"), "");
 }
 
-TEST(QtSettingsStore, MovesTheSettingsOfTheEarlierLocationFromWhereTheyReallyLive) {
+TEST(QtServicesTest, SettingsStoreMovesTheSettingsOfTheEarlierLocationFromWhereTheyReallyLive) {
     App();
     // On Windows the registry key Software\Norvelle\Corvane\DefaultOptions.
     QSettings old(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Norvelle"),
@@ -72,7 +71,7 @@ TEST(QtSettingsStore, MovesTheSettingsOfTheEarlierLocationFromWhereTheyReallyLiv
     own.remove(QStringLiteral("DefaultOptions"));
 }
 
-TEST(QtEnvironment, ReportsTheLocaleDecimalSeparatorAndFolders) {
+TEST(QtServicesTest, EnvironmentReportsTheLocaleDecimalSeparatorAndFolders) {
     App();
     QtEnvironment environment;
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
@@ -105,7 +104,7 @@ void ClickWhenShown(const QString& text) {
     });
 }
 
-TEST(QtPrompts, MapsButtonsToAnswerCodes) {
+TEST(QtServicesTest, PromptsMapsButtonsToAnswerCodes) {
     App();
     QtPrompts prompts;
     ClickWhenShown(QStringLiteral("Retry"));

@@ -3,12 +3,8 @@
 #include "ReferenceFixture.h"
 
 #include "geometry/clsSplineFitCache.h"
-#include "iso484/modISO484Class.h"
-
-#include <gtest/gtest.h>
 
 #include <cstring>
-#include <vector>
 
 namespace corvane::test {
 namespace {

@@ -3,17 +3,10 @@
 #include "common/ServicesFixture.h"
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
-#include "model/clsBlades.h"
 #include "model/clsCorvane.h"
-#include "model/clsPropeller.h"
-#include "model/clsSection.h"
-#include "model/clsUnits.h"
 
-#include <cstdint>
 #include <fstream>
-#include <memory>
 #include <sstream>
-#include <string>
 
 namespace corvane::test {
 

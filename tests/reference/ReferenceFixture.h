@@ -7,14 +7,8 @@
 #include "check/CalculationChain.h"
 #include "check/modISO484BestClass.h"
 #include "geometry/PropertiesFixture.h"
-#include "iso484/clsISO484.h"
 #include "iso484/modISO484.h"
-#include "model/Globals.h"
-#include "model/clsCorvane.h"
 #include "reference/modReferenceProperties.h"
-
-#include <memory>
-#include <vector>
 
 namespace corvane::test {
 

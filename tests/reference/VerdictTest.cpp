@@ -3,18 +3,11 @@
 #include "ReferenceFixture.h"
 
 #include "files/modReferenceFile.h"
-#include "iso484/modISO484Class.h"
 #include "model/modBladeCoverage.h"
 #include "reference/modImportFile.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <functional>
 #include <limits>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace corvane::test {
 namespace {
@@ -296,7 +289,7 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
             scan.Blades(b)->SetSection(0, outer.Blades(b)->Section(0)->CopyClass());
         }
     };
-    enum class Source { Cvrf, Ppp, VariablePitch, NeverActiveScan, CamberedWithoutPitch };
+    enum class Source { Ppp, VariablePitch, NeverActiveScan, CamberedWithoutPitch };
     struct Case {
         const char* name;
         Source source;
@@ -310,7 +303,6 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
         scan.Blades(0)->SetSection(3, std::make_shared<clsSection>());
     };
     const Case cases[] = {
-        {"cvrf file, a row the first blade lacks", Source::Cvrf, shop, rowOfFirstBlade, 1, 2, 0},
         {"ppp file, a row the first blade lacks", Source::Ppp, shop, rowOfFirstBlade, 1, 2, 0},
         {"ppp file, cut on the scan's panels", Source::Ppp, narrow, outerTip, -1, 2, 0},
         {"variable pitch given at two radii", Source::VariablePitch, shop, [](clsPropeller&) {}, 1, 1, 0},
@@ -329,22 +321,13 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
         ASSERT_TRUE(Measure(c.prop, &clean));
         CleanScanReference();
         std::string file;
-        if (c.source == Source::Cvrf || c.source == Source::Ppp) {
+        if (c.source == Source::Ppp) {
             ASSERT_EQ(Calculate(), 1);
-            bool flag = false;
-            std::string text;
-            file = temp->File(c.source == Source::Cvrf ? "reference.cvrf" : "reference.ppp");
-            ASSERT_EQ(c.source == Source::Cvrf ? WriteReferenceBlocks(file, Ref(), flag, text)
-                                               : ExportPPPFile(file),
-                      1);
+            file = temp->File("reference.ppp");
+            ASSERT_EQ(ExportPPPFile(file), 1);
             ASSERT_TRUE(Measure(c.prop, nullptr, c.edit));
             auto read = std::make_shared<clsPropeller>();
-            if (c.source == Source::Cvrf) {
-                ASSERT_EQ(ReadReferenceBlocks(file, *read, flag, text), 1) << text;
-                ASSERT_EQ(ResortReferenceSections(*read), 1);
-            } else {
-                ASSERT_EQ(ImportPPPFile(file, *read, 4), 1);
-            }
+            ASSERT_EQ(ImportPPPFile(file, *read, 4), 1);
             gProject->SetReferenceSource(read);
             gProject->SetReferenceSourceFilePath(file);
             gProject->SetReferenceSourceIndex(2);

@@ -5,15 +5,10 @@
 #include "files/modProjectFile.h"
 #include "model/modUtilities.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <vector>
-
 namespace corvane {
 namespace {
 
-using test::PPPTest;
+using modImportFileReadTest = test::PPPTest;
 
 const char* const kMinimumText =
     "The PPP file requires a minimum of 3 sections. The reading of the PPP file will abort.";
@@ -74,7 +69,7 @@ void ExpectBasicData(const clsPropeller& p) {
 
 // Blanks, tabs, LF ends, headers inside other text and in any case, blocks in another order,
 // blank and stray lines, extra tokens (spaced.ppp): all read as the plain file does.
-TEST_F(PPPTest, ReadsTheBlocksIntoBlade0TipFirstHoweverSpaced) {
+TEST_F(modImportFileReadTest, ReadsTheBlocksIntoBlade0TipFirstHoweverSpaced) {
     for (const char* file : {"basic.ppp", "spaced.ppp"}) {
         SCOPED_TRACE(file);
         clsPropeller p;
@@ -84,7 +79,7 @@ TEST_F(PPPTest, ReadsTheBlocksIntoBlade0TipFirstHoweverSpaced) {
     EXPECT_TRUE(prompts.History().empty());
 }
 
-TEST_F(PPPTest, LeRowLandsOnTheLastPanelAndTeRowOnPanel0) {
+TEST_F(modImportFileReadTest, LeRowLandsOnTheLastPanelAndTeRowOnPanel0) {
     clsPropeller p;
     ASSERT_EQ(ImportPPPFile(Data("cambered.ppp"), p, 4), 1);
     auto tip = p.Blades(0)->Section(0); // pitch 34: TE 33, LE+2 34.5, LE+1 35, LE 33.5
@@ -98,7 +93,7 @@ TEST_F(PPPTest, LeRowLandsOnTheLastPanelAndTeRowOnPanel0) {
 
 // Constant panel pitch gives the helicoid itself: every point of every blade lies on the
 // surface of the ideal propeller, and the edges stand where its edges are.
-TEST_F(PPPTest, FlatPanelsLieOnTheHelicoidOfEitherHand) {
+TEST_F(modImportFileReadTest, FlatPanelsLieOnTheHelicoidOfEitherHand) {
     for (const std::int16_t rotation : {std::int16_t{0}, std::int16_t{1}}) {
         NewProject(rotation);
         const clsVirtualPropeller prop = BasicPropeller(rotation);
@@ -123,7 +118,7 @@ TEST_F(PPPTest, FlatPanelsLieOnTheHelicoidOfEitherHand) {
     }
 }
 
-TEST_F(PPPTest, PanelsThatDoNotCloseAreToldOnceAndStillBuilt) {
+TEST_F(modImportFileReadTest, PanelsThatDoNotCloseAreToldOnceAndStillBuilt) {
     clsPropeller p;
     prompts.Expect(Answer::OK, kOpenText);
     ASSERT_EQ(ImportPPPFile(Data("open.ppp"), p, 4), 1);
@@ -143,7 +138,7 @@ TEST_F(PPPTest, PanelsThatDoNotCloseAreToldOnceAndStillBuilt) {
     EXPECT_EQ(prompts.History().size(), 2u);
 }
 
-TEST_F(PPPTest, TwoRadiiEndTheReadingAtOnce) {
+TEST_F(modImportFileReadTest, TwoRadiiEndTheReadingAtOnce) {
     clsPropeller p;
     prompts.Expect(Answer::OK, kMinimumText);
     EXPECT_EQ(ImportPPPFile(Data("tworadii.ppp"), p, 4), 0);
@@ -152,7 +147,7 @@ TEST_F(PPPTest, TwoRadiiEndTheReadingAtOnce) {
     EXPECT_EQ(prompts.History()[0].title, "Error reading PPP");
 }
 
-TEST_F(PPPTest, AMissingBlockIsAskedAboutOnce) {
+TEST_F(modImportFileReadTest, AMissingBlockIsAskedAboutOnce) {
     clsPropeller accepted;
     prompts.Expect(Answer::Yes, kIncompleteText);
     EXPECT_EQ(ImportPPPFile(Data("noskew.ppp"), accepted, 4), 1);
@@ -166,7 +161,7 @@ TEST_F(PPPTest, AMissingBlockIsAskedAboutOnce) {
     EXPECT_EQ(prompts.History().size(), 2u);
 }
 
-TEST_F(PPPTest, TheDiameterMustMatchTheActiveScan) {
+TEST_F(modImportFileReadTest, TheDiameterMustMatchTheActiveScan) {
     gProject->SetPropellerScanCount(1);
     gISO484->SetScrewRadiusTol(0.1);
     gProject->PropellerScan(0)->SetDiameter(40.15);
@@ -187,7 +182,7 @@ TEST_F(PPPTest, TheDiameterMustMatchTheActiveScan) {
 
 // Counts a damaged file might hold are turned away before anything is allocated for them;
 // numbers beyond the double range and a missing file go to the error handler.
-TEST_F(PPPTest, DamagedCountsAndMissingFilesFailCleanly) {
+TEST_F(modImportFileReadTest, DamagedCountsAndMissingFilesFailCleanly) {
     const std::string basic = ReadText(Data("basic.ppp"));
     auto variant = [&](const std::string& from, const std::string& to) {
         std::string text = basic;

@@ -4,17 +4,10 @@
 #include "acquisition/clsVirtualPropeller.h"
 #include "model/modUtilities.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-#include <filesystem>
-#include <string>
-#include <vector>
-
 namespace corvane {
 namespace {
 
-using test::PPPTest;
+using modImportFileWriteTest = test::PPPTest;
 
 const char* const kExportErrorText =
     "A minimum of 3 sections are required to create a reference PPP file. The PPP "
@@ -73,7 +66,7 @@ void ExpectSameWithinPrint(const clsPropeller& read, const clsPropeller& written
     }
 }
 
-TEST_F(PPPTest, WhatIsWrittenReadsBackWithinThePrintedDigits) {
+TEST_F(modImportFileWriteTest, WhatIsWrittenReadsBackWithinThePrintedDigits) {
     const auto scan = MeasuredScan();
     scan->Blades(0)->Section(3)->SetRawOffsetCount(0); // no offsets: left out of the file
     const std::string path = temp->File("scan.ppp");
@@ -95,7 +88,7 @@ TEST_F(PPPTest, WhatIsWrittenReadsBackWithinThePrintedDigits) {
 }
 
 // A value as wide as a cell still stands apart from the next one.
-TEST_F(PPPTest, WideValuesKeepTheirCellsApart) {
+TEST_F(modImportFileWriteTest, WideValuesKeepTheirCellsApart) {
     const auto scan = MeasuredScan();
     scan->Blades(0)->SetChord(2, 123456789012.5);
     scan->Blades(0)->SetRakeAft(2, -1234567890.25);
@@ -108,7 +101,7 @@ TEST_F(PPPTest, WideValuesKeepTheirCellsApart) {
     EXPECT_NEAR(back.Blades(0)->Chord(3), scan->Blades(0)->Chord(3), 5e-5);
 }
 
-TEST_F(PPPTest, ExportWithoutReferenceOrFolderFails) {
+TEST_F(modImportFileWriteTest, ExportWithoutReferenceOrFolderFails) {
     prompts.Expect(Answer::Ignore, "calculating reference propeller geometric properties");
     prompts.Expect(Answer::OK, kPrepareErrorText);
     EXPECT_EQ(ExportPPPFile(temp->File("none.ppp")), 0);
@@ -121,7 +114,7 @@ TEST_F(PPPTest, ExportWithoutReferenceOrFolderFails) {
 
 // Sections at radii of their own, out of order, with values linear in r/R: the spline keeps
 // straight runs straight, so every standard radius gets the exact line value, panels too.
-TEST_F(PPPTest, ResplineMovesSectionsOntoTheStandardRadii) {
+TEST_F(modImportFileWriteTest, ResplineMovesSectionsOntoTheStandardRadii) {
     gRadialPositions[7] = 0.25; // an inner radius of 25 %
     clsPropeller p;
     p.SetBladeCount(4);

@@ -1,14 +1,7 @@
 #include "ReferenceFixture.h"
 
 #include "files/modReferenceFile.h"
-#include "model/modUtilities.h"
 #include "reference/modImportFile.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <string>
 
 namespace corvane::test {
 namespace {
@@ -30,9 +23,9 @@ void ExpectBladesAlike(clsPropeller& ref, int row, double rel = 1e-6) {
     }
 }
 
-using ReferencePropertiesTest = ReferenceTest;
+using modReferencePropertiesTest = ReferenceTest;
 
-TEST_F(ReferencePropertiesTest, NoReferenceIsAPlainCopyOfTheInternalScan) {
+TEST_F(modReferencePropertiesTest, NoReferenceIsAPlainCopyOfTheInternalScan) {
     ASSERT_TRUE(Measure(Shop()));
     gProject->SetReferenceSourceIndex(0);
     ASSERT_EQ(Calculate(), 1);
@@ -41,7 +34,7 @@ TEST_F(ReferencePropertiesTest, NoReferenceIsAPlainCopyOfTheInternalScan) {
     EXPECT_TRUE(prompts.History().empty());
 }
 
-TEST_F(ReferencePropertiesTest, ScanReferenceAtConstantPitchIsTheIdealPropellerOnTheScanGrid) {
+TEST_F(modReferencePropertiesTest, ScanReferenceAtConstantPitchIsTheIdealPropellerOnTheScanGrid) {
     clsVirtualPropeller prop = Shop();
     ASSERT_TRUE(Measure(prop));
     gProject->SetReferenceSourceIndex(1);
@@ -78,7 +71,7 @@ TEST_F(ReferencePropertiesTest, ScanReferenceAtConstantPitchIsTheIdealPropellerO
     EXPECT_TRUE(prompts.History().empty());
 }
 
-TEST_F(ReferencePropertiesTest, VariablePitchFollowsTheTableAndOneUsableRowGivesOnePitch) {
+TEST_F(modReferencePropertiesTest, VariablePitchFollowsTheTableAndOneUsableRowGivesOnePitch) {
     ASSERT_TRUE(Measure(Shop()));
     gProject->SetReferenceSourceIndex(1);
     gProject->SetReferenceSectionPitchIndex(1);
@@ -123,7 +116,7 @@ void Camber(clsPropeller& scan, int row, double height) {
     }
 }
 
-TEST_F(ReferencePropertiesTest, CamberedFaceKeepsTheMeasuredRunOfPitchAtTheReferenceLevel) {
+TEST_F(modReferencePropertiesTest, CamberedFaceKeepsTheMeasuredRunOfPitchAtTheReferenceLevel) {
     ASSERT_TRUE(Measure(Shop(), nullptr, [](clsPropeller& scan) { Camber(scan, 3, 12.0); }));
     gProject->SetReferenceSourceIndex(1);
     gProject->SetReferenceConstantPitch(2400.0);
@@ -150,7 +143,7 @@ TEST_F(ReferencePropertiesTest, CamberedFaceKeepsTheMeasuredRunOfPitchAtTheRefer
     }
 }
 
-TEST_F(ReferencePropertiesTest, BladesSwitchedOffStayOutOfTheMeanSection) {
+TEST_F(modReferencePropertiesTest, BladesSwitchedOffStayOutOfTheMeanSection) {
     clsVirtualPropeller prop = Shop();
     prop.BladeOffsetDeg = {0.0, 0.0, 1.5, 0.0}; // swept blade 2 stands off its spacing
     ASSERT_TRUE(Measure(prop));
@@ -169,7 +162,7 @@ TEST_F(ReferencePropertiesTest, BladesSwitchedOffStayOutOfTheMeanSection) {
     EXPECT_TRUE(prompts.History().empty());
 }
 
-TEST_F(ReferencePropertiesTest, AllBladesSwitchedOffIsAnErrorOfTheCalculation) {
+TEST_F(modReferencePropertiesTest, AllBladesSwitchedOffIsAnErrorOfTheCalculation) {
     ASSERT_TRUE(Measure(Shop()));
     gProject->SetReferenceSourceIndex(1);
     for (int b = 0; b < 4; ++b) {
@@ -180,7 +173,7 @@ TEST_F(ReferencePropertiesTest, AllBladesSwitchedOffIsAnErrorOfTheCalculation) {
     EXPECT_EQ(prompts.Pending(), 0u);
 }
 
-TEST_F(ReferencePropertiesTest, ScanOfFewerBladesThanTheReferenceIsToldByBlade) {
+TEST_F(modReferencePropertiesTest, ScanOfFewerBladesThanTheReferenceIsToldByBlade) {
     ASSERT_TRUE(Measure(Shop(), nullptr));
     gProject->SetPropellerScanCount(2);
     gProject->PropellerScan(1)->SetBladeCount(4);
@@ -220,7 +213,7 @@ std::shared_ptr<clsPropeller> FileReference(const clsVirtualPropeller& prop, dou
     return p;
 }
 
-TEST_F(ReferencePropertiesTest, FileReferenceIsBladeZeroRepeatedOnTheScanGLsWithMissingRowsBlanked) {
+TEST_F(modReferencePropertiesTest, FileReferenceIsBladeZeroRepeatedOnTheScanGLsWithMissingRowsBlanked) {
     clsVirtualPropeller prop = Shop();
     prop.Rake = {{0.0, 0.0}};
     prop.SkewDeg = {{0.0, 0.0}};
@@ -253,7 +246,7 @@ TEST_F(ReferencePropertiesTest, FileReferenceIsBladeZeroRepeatedOnTheScanGLsWith
     EXPECT_TRUE(prompts.History().empty());
 }
 
-TEST_F(ReferencePropertiesTest, FileThatCannotBeResplinedIsTold) {
+TEST_F(modReferencePropertiesTest, FileThatCannotBeResplinedIsTold) {
     ASSERT_TRUE(Measure(Shop()));
     auto broken = std::make_shared<clsPropeller>();
     broken->SetBladeCount(1);
@@ -268,49 +261,35 @@ TEST_F(ReferencePropertiesTest, FileThatCannotBeResplinedIsTold) {
     EXPECT_EQ(prompts.History().back().title, "Reference Data Error");
 }
 
-using ResortTest = ReferenceTest;
-
-TEST_F(ResortTest, SectionsLandInTheRowsOfTheStandardTableAndStrangersAreDropped) {
+TEST_F(modReferencePropertiesTest, SectionsLandInTheRowsOfTheStandardTableAndStrangersAreDropped) {
     NewProject(0, 5);
     clsPropeller ref;
-    ref.SetDiameter(1234.0);
     ref.SetDescription("read");
     auto blade = ref.Blades(0);
     blade->SetSectionCount(4);
-    const double radial[] = {0.305, 0.42, 0.7, 0.895};
+    const double radial[] = {0.305, 0.42, 0.7, 0.895}; // rows 7, none, 3 and 1
     for (int k = 0; k < 4; ++k) {
         blade->SetRadialPos(k, radial[k]);
         blade->SetPitch(k, 1000.0 + k);
-        blade->SetChord(k, 200.0 + k);
-        blade->SetSkewHelix(k, 10.0 + k);
         blade->SetRakeAft(k, 30.0 + k);
         blade->Section(k)->SetSegmentPanelPitchArray({1.0 + k, 2.0 + k, 3.0 + k});
     }
     ASSERT_EQ(ResortReferenceSections(ref), 1);
-    EXPECT_DOUBLE_EQ(ref.Diameter(), 1234.0);
     EXPECT_EQ(ref.BladeCount(), 5);
     EXPECT_EQ(ref.Description(), "");
     auto out = ref.Blades(0);
     ASSERT_EQ(out->SectionCount(), 8);
-    // 0.305 -> row 7 (0.3), 0.7 -> row 3, 0.895 -> row 1; 0.42 is on no row.
-    const int rowOf[] = {7, -1, 3, 1};
-    for (int k = 0; k < 4; ++k) {
-        if (rowOf[k] < 0) {
-            continue;
-        }
-        const int j = rowOf[k];
-        SCOPED_TRACE("row " + std::to_string(j));
-        EXPECT_DOUBLE_EQ(out->RadialPos(j), kStandardRadialPositions[static_cast<std::size_t>(j)]);
-        EXPECT_DOUBLE_EQ(out->Pitch(j), 1000.0 + k);
-        EXPECT_DOUBLE_EQ(out->Chord(j), 200.0 + k);
-        EXPECT_DOUBLE_EQ(out->SkewHelix(j), 10.0 + k);
-        EXPECT_DOUBLE_EQ(out->RakeAft(j), 0.0); // the rake is not carried over
-        EXPECT_EQ(out->Section(j)->SegmentPanelPitchArray(),
+    const std::pair<int, int> landed[] = {{7, 0}, {3, 2}, {1, 3}};
+    for (const auto& [row, k] : landed) {
+        EXPECT_DOUBLE_EQ(out->RadialPos(row), kStandardRadialPositions[static_cast<std::size_t>(row)]);
+        EXPECT_DOUBLE_EQ(out->Pitch(row), 1000.0 + k) << row;
+        EXPECT_DOUBLE_EQ(out->RakeAft(row), 0.0) << "the rake is not carried over";
+        EXPECT_EQ(out->Section(row)->SegmentPanelPitchArray(),
                   (std::vector<double>{1.0 + k, 2.0 + k, 3.0 + k}));
     }
-    for (int j : {0, 2, 4, 5, 6}) {
-        EXPECT_DOUBLE_EQ(out->RadialPos(j), 0.0) << "row " << j;
-        EXPECT_EQ(out->Section(j)->SegmentPanelCount(), 0) << "row " << j;
+    for (int row : {0, 2, 4, 5, 6}) {
+        EXPECT_DOUBLE_EQ(out->RadialPos(row), 0.0) << row;
+        EXPECT_EQ(out->Section(row)->SegmentPanelCount(), 0) << row;
     }
 }
 

@@ -1,22 +1,18 @@
 #include "WindowTestSupport.h"
 
 #include "acquisition/DemoProject.h"
-#include "model/clsBlades.h"
-#include "model/clsPropeller.h"
-#include "model/clsSection.h"
 #include "shell/ScanCommands.h"
 #include "shell/ToolsCommands.h"
-#include "support/Services.h"
 
 #include <QKeySequence>
 #include <QMenu>
 
-#include <utility>
+#include <tuple>
 
 namespace corvane {
 namespace {
 
-class MenuTest : public test::WindowTest {
+class MenuControllerTest : public test::WindowTest {
 protected:
     // The demo project with `scans` copies of its scan, lettered A, B, C...
     void UseDemoScans(int scans) {
@@ -33,35 +29,15 @@ protected:
     std::string Caption(const char* name) const { return Entry(name)->text().toStdString(); }
 };
 
-TEST_F(MenuTest, EveryEntryCarriesItsCaption) {
-    // clang-format off
-    const std::vector<std::pair<const char*, const char*>> captions = {
-        {"mnuFileNew", "&New project"}, {"mnuFileOpen", "&Open project..."}, {"mnuFileSave", "&Save project"},
-        {"mnuFileSaveAs", "&Save project as..."}, {"mnuFileViewArchive", "Open &archive..."},
-        {"mnuFileImport", "&Import project..."}, {"mnuFileExport", "&Export project..."},
-        {"mnuFileExit", "&Exit Corvane"}, {"mnuEdit", "&Edit"}, {"mnuViewPage_0", "&Project"},
-        {"mnuViewPage_1", "&Scan"}, {"mnuViewPage_2", "&Check"}, {"mnuViewPage_3", "&Documents"},
-        {"mnuScanHistoryAdd", "&Add..."}, {"mnuScanHistoryDelete", "&Delete..."},
-        {"mnuScanHistoryOverwrite", "&Overwrite..."}, {"mnuScanHistoryImport", "&Import..."},
-        {"mnuScanResetBuffer", "Reset scan buffer..."}, {"mnuScanMode", "Scan Mode"},
-        {"mnuScanModeManualEntry", "Manual entry"}, {"mnuScanModeDigitalDAQ", "Digitial DAQ"},
-        {"mnuScanOptions", "Scan options..."}, {"mnuCheckPlot", "&Check"},
-        {"mnuCheckPitchOnly", "Pitch only (ignore track)"}, {"mnuCheckPlotZoom_0", "&Equal XY scale..."},
-        {"mnuCheckPlotZoom_1", "&Magnified Y scale..."}, {"mnuToolsOpenReferencePage", "&Show REF panel..."},
-        {"mnuToolsReferenceEditor", "&Custom Reference editor..."}, {"mnuToolsSettings", "&Settings..."},
-        {"mnuHelpContents", "&Contents"}, {"mnuHelpSearch", "&Search for help on..."},
-        {"mnuHelpTechSupport", "&Obtaining Technical Support"}, {"mnuHelpAbout", "&About Corvane..."}};
-    // clang-format on
-    for (const auto& [name, caption] : captions) {
-        EXPECT_EQ(Caption(name), caption) << name;
-    }
+TEST_F(MenuControllerTest, FileEntriesCarryTheStandardShortcuts) {
     EXPECT_EQ(Entry("mnuFileNew")->shortcut(), QKeySequence(QKeySequence::New));
     EXPECT_EQ(Entry("mnuFileSave")->shortcut(), QKeySequence(QKeySequence::Save));
+    EXPECT_EQ(Caption("mnuScanModeDigitalDAQ"), "Digitial DAQ");
     EXPECT_FALSE(Entry("mnuFileSaveAs")->shortcut().isEmpty());
     EXPECT_FALSE(Entry("mnuFileExit")->shortcut().isEmpty());
 }
 
-TEST_F(MenuTest, MenusOpenByPageAndScanMode) {
+TEST_F(MenuControllerTest, MenusOpenByPageAndScanMode) {
     EXPECT_FALSE(Open("mnuScan"));
     EXPECT_FALSE(Open("mnuCheckPlot"));
     EXPECT_TRUE(Open("mnuTools"));
@@ -91,18 +67,16 @@ TEST_F(MenuTest, MenusOpenByPageAndScanMode) {
     Entry("mnuViewPage_3")->trigger();
     EXPECT_FALSE(Open("mnuCheckPlot"));
     EXPECT_TRUE(Open("mnuTools"));
-}
 
-TEST_F(MenuTest, OfficeStationHasNoScanMenuOnTheScanPage) {
+    // An office station has no Scan menu on the Scan page.
     gOfficeMode = 1;
     gScanMode = 0;
-    FillRequiredFields();
     window->ctlScanButton_Click();
     ASSERT_EQ(window->ActivePage(), frmCorvane::PageScan);
     EXPECT_FALSE(Open("mnuScan"));
 }
 
-TEST_F(MenuTest, DigitalDAQWithoutTheBoxFallsBackToManualEntry) {
+TEST_F(MenuControllerTest, DigitalDAQWithoutTheBoxFallsBackToManualEntry) {
     gDAQConnected = false;
     gScanMode = 2;
     prompts.Expect(Answer::OK, "The DAQ is not connected! Scan mode will be setup as Manual entry.");
@@ -112,7 +86,7 @@ TEST_F(MenuTest, DigitalDAQWithoutTheBoxFallsBackToManualEntry) {
     EXPECT_TRUE(Entry("mnuScanModeManualEntry")->isChecked());
 }
 
-TEST_F(MenuTest, CheckMenuTicksFollowTheSwitches) {
+TEST_F(MenuControllerTest, CheckMenuTicksFollowTheSwitches) {
     ASSERT_TRUE(gPitchIgnoreTrack);
     window->Tools().mnuCheckPitchOnly_Click();
     EXPECT_FALSE(gPitchIgnoreTrack);
@@ -124,7 +98,7 @@ TEST_F(MenuTest, CheckMenuTicksFollowTheSwitches) {
     EXPECT_FALSE(gProjectDirty); // view settings, not project data
 }
 
-TEST_F(MenuTest, DeletingTheOnlyScanKeepsItAndItsData) {
+TEST_F(MenuControllerTest, DeletingAScanShiftsTheLaterOnesDownButTheOnlyOneStays) {
     UseDemoScans(1);
     window->ctlScanButton_Click();
     prompts.Expect(Answer::Yes, "Are you sure you want to delete Scan A?");
@@ -133,11 +107,8 @@ TEST_F(MenuTest, DeletingTheOnlyScanKeepsItAndItsData) {
     EXPECT_EQ(gProject->PropellerScanCount(), 1);
     EXPECT_GT(gProject->PropellerScan(0)->Blades(0)->Section(0)->RawOffsetCount(), 0);
     EXPECT_FALSE(gProjectDirty);
-}
 
-TEST_F(MenuTest, DeletingAScanShiftsTheLaterOnesDownAndDirtiesTheProject) {
     UseDemoScans(3);
-    window->ctlScanButton_Click();
     gProject->SetActiveScanIndex(1);
     prompts.Expect(Answer::No, "Are you sure you want to delete Scan B?");
     window->Scans().mnuScanHistoryDelete_Click();
@@ -162,7 +133,7 @@ TEST_F(MenuTest, DeletingAScanShiftsTheLaterOnesDownAndDirtiesTheProject) {
     window->Scans().mnuScanHistoryDelete_Click();
 }
 
-TEST_F(MenuTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
+TEST_F(MenuControllerTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
     UseDemoScans(1);
     gScanMode = 2;
     window->ctlScanButton_Click();
@@ -179,40 +150,29 @@ TEST_F(MenuTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
     window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
 }
 
-TEST_F(MenuTest, CommandsOfLaterWorkSayTheyAreNotAvailable) {
-    UseDemoScans(1);
-    window->ctlScanButton_Click();
-    prompts.Expect(Answer::OK, "Adding a scan is not available yet.");
-    Entry("mnuScanHistoryAdd")->trigger();
-    prompts.Expect(Answer::OK, "The custom reference editor is not available yet.");
-    Entry("mnuToolsReferenceEditor")->trigger();
-    prompts.Expect(Answer::OK, "The settings dialog is not available yet.");
-    Entry("mnuToolsSettings")->trigger();
-    EXPECT_EQ(prompts.History().back().title, "Corvane");
-}
-
-TEST_F(MenuTest, ReferencePanelWithoutScansDropsTheReference) {
+TEST_F(MenuControllerTest, ReferencePanelWithoutScansDropsTheReference) {
     gProject->SetReferenceSourceIndex(2);
     prompts.Expect(Answer::OK, "No scans are availible ");
     window->Tools().mnuToolsOpenReferencePage_Click();
     EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
 }
 
-TEST_F(MenuTest, HelpWithoutItsFileSaysSo) {
+TEST_F(MenuControllerTest, EntriesWithoutTheirFeatureSaySo) {
+    UseDemoScans(1);
+    window->ctlScanButton_Click();
     gHelpFileFound = false;
-    prompts.Expect(Answer::OK, "Corvane Help file not found.");
-    Entry("mnuHelpContents")->trigger();
-    EXPECT_EQ(prompts.History().back().title, "Corvane Help File Error");
-    prompts.Expect(Answer::OK, "Corvane 1.");
-    Entry("mnuHelpAbout")->trigger();
-    EXPECT_EQ(prompts.History().back().title, "About Corvane");
-}
-
-TEST(ScanLabels, LettersThenPairsThenNumbers) {
-    const std::pair<int, const char*> cases[] = {{0, "A"},   {25, "Z"},   {26, "AA"},  {27, "AB"},
-                                                 {52, "BA"}, {701, "ZZ"}, {702, "702"}};
-    for (const auto& [index, label] : cases) {
-        EXPECT_EQ(ScanLabel(index), label) << index;
+    // clang-format off
+    const std::vector<std::tuple<const char*, const char*, const char*>> cases = {
+        {"mnuScanHistoryAdd", "Adding a scan is not available yet.", "Corvane"},
+        {"mnuToolsReferenceEditor", "The custom reference editor is not available yet.", "Corvane"},
+        {"mnuToolsSettings", "The settings dialog is not available yet.", "Corvane"},
+        {"mnuHelpContents", "Corvane Help file not found.", "Corvane Help File Error"},
+        {"mnuHelpAbout", "Corvane 1.", "About Corvane"}};
+    // clang-format on
+    for (const auto& [entry, text, title] : cases) {
+        prompts.Expect(Answer::OK, text);
+        Entry(entry)->trigger();
+        EXPECT_EQ(prompts.History().back().title, title) << entry;
     }
 }
 

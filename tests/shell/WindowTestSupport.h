@@ -1,7 +1,6 @@
 #pragma once
 
 #include "common/ServicesFixture.h"
-#include "files/modProjectCommands.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "shell/FileCommands.h"
@@ -9,20 +8,10 @@
 #include "shell/MenuController.h"
 #include "shell/ProjectPageController.h"
 #include "shell/QtTestApp.h"
-#include "shell/clsFileDialog.h"
 #include "shell/frmCorvane.h"
-
-#include <gtest/gtest.h>
 
 #include <QAction>
 #include <QSettings>
-
-#include <deque>
-#include <filesystem>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
 
 namespace corvane::test {
 

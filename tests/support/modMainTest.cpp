@@ -5,14 +5,13 @@
 #include "support/modMain.h"
 
 #include <fstream>
-#include <vector>
 
 namespace corvane {
 namespace {
 
 using test::ServicesTest;
 
-class StartupTest : public ServicesTest {
+class modMainTest : public ServicesTest {
 protected:
     StartupHooks Hooks(bool boxAnswers) {
         StartupHooks hooks;
@@ -31,7 +30,7 @@ protected:
     std::vector<std::string> steps;
 };
 
-TEST_F(StartupTest, ShopStationWithoutBoxFallsBackToManualEntrySilently) {
+TEST_F(modMainTest, ShopStationWithoutBoxFallsBackToManualEntrySilently) {
     Main(Hooks(false));
     EXPECT_EQ(gScanMode, 1);
     EXPECT_FALSE(gDAQConnected);
@@ -46,13 +45,7 @@ TEST_F(StartupTest, ShopStationWithoutBoxFallsBackToManualEntrySilently) {
     EXPECT_GE(events.doEventsCalls, 1);
 }
 
-TEST_F(StartupTest, ShopStationWithBoxScansDigitally) {
-    Main(Hooks(true));
-    EXPECT_EQ(gScanMode, 2);
-    EXPECT_TRUE(gDAQConnected);
-}
-
-TEST_F(StartupTest, OfficeStationSaysSoAndNeverScans) {
+TEST_F(modMainTest, OfficeStationSaysSoAndNeverScans) {
     gOfficeMode = 1;
     prompts.Expect(Answer::OK);
     Main(Hooks(true));
@@ -64,15 +57,17 @@ TEST_F(StartupTest, OfficeStationSaysSoAndNeverScans) {
     EXPECT_EQ(prompts.History()[0].style, MsgBox::Exclamation);
 }
 
-TEST_F(StartupTest, RenamedProgramAndCommaLocaleStillResolve) {
+TEST_F(modMainTest, ShopStationWithBoxScansDigitallyUnderAnyProgramNameAndLocale) {
     environment.programFilePath = temp->Folder() + "opt/corvane-2026-beta";
     environment.decimalSeparator = ',';
-    Main(Hooks(false));
+    Main(Hooks(true));
+    EXPECT_EQ(gScanMode, 2);
+    EXPECT_TRUE(gDAQConnected);
     EXPECT_EQ(gAppPath, temp->Folder() + "opt/");
     EXPECT_EQ(gDecimalChar, 44);
 }
 
-TEST_F(StartupTest, FailingStepIsRetriedOrSkippedAsAnswered) {
+TEST_F(modMainTest, FailingStepIsRetriedOrSkippedAsAnswered) {
     int tries = 0;
     StartupHooks hooks = Hooks(false);
     hooks.readDefaultOptions = [&] {
@@ -90,7 +85,7 @@ TEST_F(StartupTest, FailingStepIsRetriedOrSkippedAsAnswered) {
     EXPECT_EQ(steps, (std::vector<std::string>{"encoder", "project", "window"}));
 }
 
-TEST_F(StartupTest, HelpFileIsFoundBesideTheProgram) {
+TEST_F(modMainTest, HelpFileIsFoundBesideTheProgram) {
     StartupHooks hooks = Hooks(false);
     hooks.helpFileName = "Corvane.html";
     Main(hooks);

@@ -15,12 +15,10 @@
 #include "support/MemorySettingsStore.h"
 #include "support/RecordingEventPump.h"
 #include "support/ScriptedPrompts.h"
-#include "support/Services.h"
 
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <string>
 #include <thread>
 
 namespace {
