@@ -1,5 +1,4 @@
 #include "acquisition/clsVirtualPropeller.h"
-#include "model/clsPropeller.h"
 #include "model/modUtilities.h"
 
 #include <gtest/gtest.h>
@@ -47,24 +46,6 @@ TEST(clsVirtualPropellerTest, SweepsLieOnTheHelixOfTheirPitchAndChord) {
         EXPECT_NEAR(Wrap180(mid - 350.0), 0.0, 1e-12);
         EXPECT_NEAR((drop.front() + drop.back()) / 2, prop.GLDrop, 1e-12);
     }
-}
-
-TEST(clsVirtualPropellerTest, BladesFollowSpacingOffsetsAndPitchFactors) {
-    clsVirtualPropeller prop;
-    prop.BladeCount = 3;
-    prop.FirstBladeThetaDeg = 10.0;
-    prop.BladeOffsetDeg = {0.0, 2.5};
-    prop.BladePitchFactor = {1.0, 1.0, 1.1};
-    EXPECT_DOUBLE_EQ(prop.GLThetaDeg(1), 132.5);
-    EXPECT_DOUBLE_EQ(prop.GLThetaDeg(2), 250.0);
-    EXPECT_DOUBLE_EQ(prop.PitchAt(2, 0.5), 36.0 * 1.1);
-
-    clsPropeller scan;
-    prop.FillScan(scan, {0.95, 0.7, 0.3}, 20);
-    ASSERT_EQ(scan.BladeCount(), 3);
-    EXPECT_EQ(scan.Blades(2)->SectionCount(), 3);
-    EXPECT_EQ(scan.Blades(2)->Section(1)->RawOffsetCount(), 20);
-    EXPECT_DOUBLE_EQ(scan.Blades(0)->Section(2)->Radius(0), 6.0);
 }
 
 TEST(clsVirtualPropellerTest, TheArmFindsTheSurfaceOnlyOverABlade) {

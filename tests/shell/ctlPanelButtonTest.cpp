@@ -48,13 +48,6 @@ protected:
     ctlPanelButton button;
 };
 
-TEST_F(ctlPanelButtonTest, ColorRefReadsBlueGreenRedWithRedInTheLowByte) {
-    EXPECT_EQ(FromBGR(0xFF0000), QColor(0, 0, 255)); // blade 0 is blue
-    EXPECT_EQ(FromBGR(0x257A09), QColor(9, 122, 37));
-    EXPECT_EQ(RGBColor(37, 64, 97), 0x614025u);
-    EXPECT_EQ(ToBGR(QColor(228, 109, 10)), RGBColor(228, 109, 10));
-}
-
 TEST_F(ctlPanelButtonTest, PaintsFaceByStateWithTheFrameColourAround) {
     QImage image = Render(button);
     EXPECT_EQ(PixelAt(image, 0, 0).name(), Name(kFrame));
@@ -159,27 +152,6 @@ TEST_F(ctlPanelButtonTest, RadioClicksOnceAndLabelsDisabledButtonsAndDragsOffRai
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_FALSE(button.Pressed());
     EXPECT_EQ(clicks.count(), 0);
-}
-
-TEST_F(ctlPanelButtonTest, PropertiesPersistUnderTheirStoredNames) {
-    button.SetShowBorder(true);
-    button.SetBorderWidth(3);
-    button.SetClickAction(ctlPanelButton::ClickMomentary);
-    button.SetToolTips(QStringLiteral("Scan page"));
-    button.SetForeColor(0xFF0000);
-    const QVariantMap bag = button.WriteProperties();
-    EXPECT_TRUE(bag.value(QStringLiteral("Border")).toBool());
-
-    ctlPanelButton copy;
-    copy.ReadProperties(bag);
-    EXPECT_EQ(copy.Caption(), QStringLiteral("SCAN"));
-    EXPECT_EQ(copy.BorderWidth(), 3);
-    EXPECT_EQ(copy.toolTip(), QStringLiteral("Scan page"));
-
-    // An empty bag gives the defaults back rather than keeping what was read before.
-    copy.ReadProperties({});
-    EXPECT_EQ(copy.BorderWidth(), 4);
-    EXPECT_FALSE(copy.ShowBorder());
 }
 
 } // namespace
