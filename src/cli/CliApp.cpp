@@ -5,6 +5,7 @@
 #include "cli/EvaluateCommand.h"
 #include "cli/EvaluateOptions.h"
 #include "cli/ExportPPPCommand.h"
+#include "cli/GraphCommand.h"
 #include "cli/InfoCommand.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
@@ -165,7 +166,15 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     exportPPP->add_option("PROJECT", exportProject, "the cvpj project")->required();
     exportPPP->add_option("OUT.ppp", exportPath, "the ppp file to write")->required();
 
-    for (CLI::App* command : {info, demo, evaluate, exportPPP})
+    std::vector<CLI::App*> commands{info, demo, evaluate, exportPPP};
+#if CORVANE_CLI_GRAPHS
+    GraphCommandOptions graphOptions;
+    CLI::App* graph = app.add_subcommand(
+        "graph", "draw a view of the checked scan (as CHECK shows it) into a png, svg or pdf");
+    AddGraphOptions(*graph, graphOptions);
+    commands.push_back(graph);
+#endif
+    for (CLI::App* command : commands)
         command->group("Commands");
 
     if (args.empty()) {
@@ -188,6 +197,10 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         return RunDemo(demoPath, demoPoints, out, err);
     if (evaluate->parsed())
         return RunEvaluate(evaluateOptions, out, err);
+#if CORVANE_CLI_GRAPHS
+    if (graph->parsed())
+        return RunGraph(graphOptions, out, err);
+#endif
     return RunExportPPP(exportProject, exportPath, out, err);
 }
 
