@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 
 namespace corvane {
 
@@ -131,22 +133,58 @@ std::vector<double> StepsFromZero(double lo, double hi, double step) {
     return out;
 }
 
+namespace {
+
+// Powers of ten by table: every point of every curve passes through Round15, and pow and log10
+// per value would cost more than drawing it.
+const std::array<double, 601> kPowersOfTen = [] {
+    std::array<double, 601> p{};
+    for (int k = -300; k <= 300; ++k) {
+        p[static_cast<std::size_t>(k + 300)] = std::pow(10.0, k);
+    }
+    return p;
+}();
+
+double PowerOfTen(int k) {
+    return kPowersOfTen[static_cast<std::size_t>(k + 300)];
+}
+
+// Their inverses: a multiplication where a division would stall every point; the result may lie
+// one unit in the last place from the quotient, far below anything a surface shows.
+const std::array<double, 601> kInversePowersOfTen = [] {
+    std::array<double, 601> p{};
+    for (int k = -300; k <= 300; ++k) {
+        p[static_cast<std::size_t>(k + 300)] = 1.0 / std::pow(10.0, k);
+    }
+    return p;
+}();
+
+// Round to the nearest whole number for |x| below 2^51, without a library call: adding and
+// taking away 1.5 x 2^52 leaves no fraction bits (IEEE arithmetic; the build allows no
+// reassociation that would fold it away).
+double RoundWhole(double x) {
+    constexpr double kShifter = 6755399441055744.0;
+    return (x + kShifter) - kShifter;
+}
+
+} // namespace
+
 double Round15(double v) {
-    if (v == 0 || !std::isfinite(v)) {
-        return v;
+    const double a = std::fabs(v);
+    if (!(a >= 1e-280 && a <= 1e280)) {
+        return v; // 0, the extremes, NaN and infinities
     }
-    const int e = AxisExponent(v);
-    if (e < -290 || e > 290) {
-        return v;
-    }
+    // The decimal exponent from the binary one (log10 2 ~ 19728 / 65536), corrected by one
+    // comparison either way.
+    const int binary = static_cast<int>((std::bit_cast<std::uint64_t>(a) >> 52) & 0x7FF) - 1023;
+    int e = (binary * 19728) >> 16;
+    // Without branches: values cross decades all along a curve near the origin.
+    e += static_cast<int>(a >= PowerOfTen(e + 1));
+    e -= static_cast<int>(a < PowerOfTen(e));
+    // 15 significant digits: the 15th digit to the units, rounded, back.
     const int shift = 14 - e;
-    // 15 significant digits: shift the 15th digit to the units, round half away, shift back.
-    if (shift >= 0) {
-        const double scale = std::pow(10.0, shift);
-        return std::round(v * scale) / scale;
-    }
-    const double scale = std::pow(10.0, -shift);
-    return std::round(v / scale) * scale;
+    const double inverse = kInversePowersOfTen[static_cast<std::size_t>(shift + 300)];
+    return RoundWhole(v * PowerOfTen(shift)) * inverse;
 }
 
 std::vector<CurvePiece> CutAtBounds(const std::vector<double>& xs, const std::vector<double>& ys, double xMin,

@@ -40,9 +40,9 @@ void AddArm(clsCoordinateGraph& graph, const ArmPosition& arm, const GraphStyle&
 }
 
 // One series per measured section: the raw points at their angle and radius. Only `onlyBlade`
-// when it is 0 or above.
+// and `onlySection` when they are 0 or above.
 void AddRawLines(clsCoordinateGraph& graph, int& series, const clsCorvane& project, const clsPropeller* scan,
-                 const GraphStyle& style, int onlyBlade) {
+                 const GraphStyle& style, int onlyBlade, int onlySection = -1) {
     const double half = project.MarkedDiameter() / 2;
     if (scan == nullptr || !(half > 0)) {
         return;
@@ -53,6 +53,9 @@ void AddRawLines(clsCoordinateGraph& graph, int& series, const clsCorvane& proje
         }
         const auto blade = scan->Blades(b);
         for (int k = 0; k < blade->SectionCount(); ++k) {
+            if (onlySection >= 0 && k != onlySection) {
+                continue;
+            }
             const auto section = blade->Section(k);
             const int n = section->RawOffsetCount();
             if (n <= 0) {
@@ -140,7 +143,7 @@ void ScanArmGraph::Background(DrawingSurface& surface, const clsCorvane& project
 }
 
 void ScanArmGraph::Frame(DrawingSurface& surface, const clsCorvane& project, int scanIndex,
-                         const ArmPosition& arm, int blade, const GraphOptions& options) {
+                         const ArmPosition& arm, int blade, int section, const GraphOptions& options) {
     ErrorTail tail("creating scan arm graph (f)");
     tail.Step([&] {
         const GraphStyle style = GraphStyleSettings(options.report, options.graphSize);
@@ -157,7 +160,7 @@ void ScanArmGraph::Frame(DrawingSurface& surface, const clsCorvane& project, int
             AddArm(graph_, arm, style);
             series = 2;
         }
-        AddRawLines(graph_, series, project, ScanOf(project, scanIndex), style, blade);
+        AddRawLines(graph_, series, project, ScanOf(project, scanIndex), style, blade, section);
         // The world of the ground is still in force: plot first, then set the axes up for the
         // next frame. The ground already shows them; without one they come first.
         if (background_ == nullptr) {

@@ -5,8 +5,8 @@
 //
 // Drawn whole it is CreateScanArmGraph. While the arm runs the page keeps a ScanArmGraph: the
 // fixed part (the sweeps measured so far) is drawn once into an image by Background, and every
-// tick of the acquisition timer draws only the moving part (arm, marker and the sweeps of the blade
-// being measured) on that image with Frame.
+// tick of the acquisition timer draws only the moving part (arm, marker and the sweep being
+// measured) on that image with Frame.
 
 #include "graphs/clsCoordinateGraph.h"
 #include "graphs/modGraphs.h"
@@ -37,10 +37,12 @@ public:
     // Draws the raw sweeps of the scan and keeps the surface's image as the frames' ground.
     void Background(DrawingSurface& surface, const clsCorvane& project, int scanIndex,
                     const GraphOptions& options);
-    // The arm and the sweeps of `blade` on the stored ground; the surface must have the size the
-    // ground was drawn at. Without a ground the frame is drawn on the back colour.
+    // The arm and the sweep of `blade` at `section` (every section of the blade for -1) on the
+    // stored ground; the surface must have the size the ground was drawn at. Without a ground
+    // the frame is drawn on the back colour. Only the sweep under way needs to follow the arm:
+    // the others are in the ground.
     void Frame(DrawingSurface& surface, const clsCorvane& project, int scanIndex, const ArmPosition& arm,
-               int blade, const GraphOptions& options);
+               int blade, int section, const GraphOptions& options);
     bool HasBackground() const { return background_ != nullptr; }
     // Drops the ground: the next Background draws it anew.
     void Forget() { background_.reset(); }

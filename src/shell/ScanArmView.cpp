@@ -32,12 +32,13 @@ void ScanArmView::EnsureSurface() {
     }
 }
 
-void ScanArmView::MoveArm(const clsCorvane& project, int scanIndex, const ArmPosition& arm, int blade) {
+void ScanArmView::MoveArm(const clsCorvane& project, int scanIndex, const ArmPosition& arm, int blade,
+                          int section) {
     EnsureSurface();
     if (!graph_.HasBackground()) {
         graph_.Background(*surface_, project, scanIndex, options_);
     }
-    graph_.Frame(*surface_, project, scanIndex, arm, blade, options_);
+    graph_.Frame(*surface_, project, scanIndex, arm, blade, section, options_);
     surface_->Finish();
     update();
 }

@@ -6,7 +6,8 @@
 // measured so far, which it draws once and again only after ScanChanged or a resize.
 //
 // To host it on the Scan page: create it in the page's layout, call MoveArm from the timer's
-// tick (UpdateAndSaveScanData) with gProject, the active scan and ActiveBlade, and ScanChanged
+// tick (UpdateAndSaveScanData) with gProject, the active scan, ActiveBlade and ActiveRadius (the
+// section being swept), and ScanChanged
 // whenever a sweep ends, a scan is chosen or cleared, or the page is entered. SetOptions passes
 // the station's scan mode and whether the graph surface is enabled (grey ground) or not.
 
@@ -32,8 +33,9 @@ public:
     void SetOptions(const GraphOptions& options);
     // The sweeps have changed: the ground is drawn anew with the next MoveArm.
     void ScanChanged();
-    // One tick: draws the frame of `blade` (0-based) and repaints.
-    void MoveArm(const clsCorvane& project, int scanIndex, const ArmPosition& arm, int blade);
+    // One tick: draws the arm and the sweep under way (`blade` and `section`, 0-based; -1 for
+    // every section of the blade) on the ground and repaints.
+    void MoveArm(const clsCorvane& project, int scanIndex, const ArmPosition& arm, int blade, int section);
     // The whole graph in one go (the arm, every sweep and the blade lines), for a still page.
     void DrawStill(const clsCorvane& project, int scanIndex, const ArmPosition& arm);
 

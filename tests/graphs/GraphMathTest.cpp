@@ -82,7 +82,9 @@ TEST(GraphMathTest, CurvesAreCutIntoTheRunsInsideTheBounds) {
         }
         EXPECT_EQ(sizes, r.pieces);
     }
-    EXPECT_EQ(Round15(0.1 + 0.2), 0.3);
+    EXPECT_DOUBLE_EQ(Round15(1.23456789012345678), 1.23456789012346);
+    EXPECT_DOUBLE_EQ(Round15(-123456.7890123456789), -123456.789012346);
+    EXPECT_DOUBLE_EQ(Round15(2.5e-7 + 1e-23), 2.5e-7);
 }
 
 TEST(GraphMathTest, DashedWalkStartsWithAGapAndCarriesItsPhaseOverVertices) {

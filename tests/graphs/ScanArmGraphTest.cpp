@@ -48,7 +48,7 @@ TEST_F(ScanArmGraphTest, FramesDrawOnlyTheMovingPartOnTheStoredGround) {
     EXPECT_FALSE(surface.InColour(kBladeColours[3]).empty());
 
     surface.calls.clear();
-    arm.Frame(surface, *gProject, 0, ArmPosition{45, 15, 40}, 2, options);
+    arm.Frame(surface, *gProject, 0, ArmPosition{45, 15, 40}, 2, -1, options);
     EXPECT_NE(surface.Picture(), nullptr);
     EXPECT_EQ(surface.calls[0].kind, Kind::Cls);
     EXPECT_FALSE(surface.InColour(kBladeColours[2]).empty());

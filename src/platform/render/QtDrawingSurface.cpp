@@ -57,7 +57,9 @@ QPen PenOf(const PenSpec& spec) {
     pen.setWidthF(spec.width);
     pen.setStyle(DashOf(spec.dashStyle));
     pen.setCapStyle(CapOf(spec.endCap));
-    pen.setJoinStyle(Qt::RoundJoin);
+    // Mitred joins, as the anti-aliased layer has always drawn them; round ones cost an arc at
+    // every point of a dense sweep.
+    pen.setJoinStyle(Qt::MiterJoin);
     return pen;
 }
 
@@ -88,7 +90,7 @@ void FillWith(QPainter& p, const BrushSpec& spec, const QPainterPath& path) {
 } // namespace
 
 QtDrawingSurface::QtDrawingSurface(QSize pixels, double twipsPerPixel)
-    : own_(std::make_unique<QImage>(pixels.expandedTo(QSize(1, 1)), QImage::Format_ARGB32_Premultiplied)),
+    : own_(std::make_unique<QImage>(pixels.expandedTo(QSize(1, 1)), QImage::Format_RGB32)),
       pixels_(pixels.expandedTo(QSize(1, 1))) {
     device_ = own_.get();
     own_->fill(Qt::white);
@@ -173,10 +175,22 @@ double QtDrawingSurface::TextHeight(const std::string& text) {
 void QtDrawingSurface::Cls() {
     QPainter& p = Painter();
     p.setWorldTransform(QTransform());
-    p.fillRect(QRectF(0, 0, pixels_.width(), pixels_.height()), FromBGR(BackColor));
-    if (const auto* picture = dynamic_cast<const QtSurfaceImage*>(picture_.get())) {
-        p.drawImage(QRectF(0, 0, pixels_.width(), pixels_.height()), picture->image);
+    const QRectF all(0, 0, pixels_.width(), pixels_.height());
+    const auto* picture = dynamic_cast<const QtSurfaceImage*>(picture_.get());
+    if (picture == nullptr) {
+        p.fillRect(all, FromBGR(BackColor));
+        return;
     }
+    // The picture covers the surface: copied over it, not blended, as every frame of the scan
+    // arm graph starts this way.
+    if (picture->image.hasAlphaChannel() || picture->image.size() != pixels_) {
+        p.fillRect(all, FromBGR(BackColor));
+        p.drawImage(all, picture->image);
+        return;
+    }
+    p.setCompositionMode(QPainter::CompositionMode_Source);
+    p.drawImage(all, picture->image);
+    p.setCompositionMode(QPainter::CompositionMode_SourceOver);
 }
 
 std::shared_ptr<const SurfaceImage> QtDrawingSurface::Image() {
@@ -201,15 +215,16 @@ void QtDrawingSurface::AAPolyline(const PointF* points, int count, const PenSpec
     if (points == nullptr || count < 1) {
         return;
     }
-    // Points closer than a third of a pixel to the last one kept add nothing to the picture; a
-    // dense sweep loses most of its points here, its ends never.
+    // Points less than a pixel from the last one kept, either way, add nothing a line of the
+    // graphs' widths shows; a dense sweep loses most of its points here, its ends never. The
+    // stroking of the rest is what a heavy top view costs.
     QPolygonF line;
     line.reserve(count);
     for (int i = 0; i < count; ++i) {
         const QPointF q(points[i].X, points[i].Y);
         if (!line.isEmpty() && i + 1 < count) {
             const QPointF d = q - line.back();
-            if (std::fabs(d.x()) < 0.33 && std::fabs(d.y()) < 0.33) {
+            if (std::fabs(d.x()) < 1.0 && std::fabs(d.y()) < 1.0) {
                 continue;
             }
         }
