@@ -42,8 +42,12 @@ void ProfileLine(clsCoordinateGraph& graph, int& series, const SectionProfile& p
     }
     const double chord = std::max(p.segX.back(), p.segX.front());
     const double stretch = chord != 0 ? (x1 - x0) / chord : 1;
+    // The sweep runs on beyond the segment's ends; the map shows the part between them.
     std::vector<double> x, y;
     for (std::size_t i = 0; i < p.rawX.size(); ++i) {
+        if (p.rawX[i] < -1e-9 * chord || p.rawX[i] > chord * (1 + 1e-9)) {
+            continue;
+        }
         x.push_back(x0 + p.rawX[i] * stretch);
         y.push_back(r - p.rawY[i] * scale);
     }
