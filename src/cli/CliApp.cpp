@@ -43,7 +43,9 @@ std::vector<std::string> ArgumentWords(const CLI::App& command) {
             continue;
         const std::string text = option->get_name() + ValueText(*option);
         const auto excludes = option->get_excludes();
-        if (previous && std::find(excludes.begin(), excludes.end(), previous) != excludes.end())
+        if (option->get_required())
+            words.push_back(text); // an option that must be given stands without brackets
+        else if (previous && std::find(excludes.begin(), excludes.end(), previous) != excludes.end())
             words.back().insert(words.back().size() - 1, " | " + text);
         else
             words.push_back("[" + text + "]");
