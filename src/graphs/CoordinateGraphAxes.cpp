@@ -1,4 +1,5 @@
-// clsCoordinateGraph: bounds, axes, ticks, grid, axis labels and the views (zoom, window, pan).
+// clsCoordinateGraph: bounds, axes, ticks, grid, axis labels, the views (zoom, window, pan) and
+// the conversions between the world and the viewport.
 
 #include "graphs/clsCoordinateGraph.h"
 
@@ -346,6 +347,77 @@ void clsCoordinateGraph::Window(double xMin, double yMin, double xMax, double yM
 
 void clsCoordinateGraph::Pan(double deltaX, double deltaY) {
     Redraw(xMin_ + deltaX, xMax_ + deltaX, yMin_ + deltaY, yMax_ + deltaY);
+}
+
+void clsCoordinateGraph::GetViewportPositionFromWorldCoordinates(double wx, double wy, double& x,
+                                                                 double& y) const {
+    const double left = plotRect_[0];
+    const double bottom = plotRect_[3];
+    x = reverseX_ ? ((window_[2] - window_[0]) - wx) * worldRatioX_ + left
+                  : (wx - xMin_) * worldRatioX_ + left;
+    y = reverseY_ ? (plotBounds_[3] - wy) * worldRatioY_ + yMin_ : -(wy - yMin_) * worldRatioY_ + bottom;
+}
+
+void clsCoordinateGraph::GetWorldCoordinatesFromViewportPosition(double x, double y, double& wx,
+                                                                 double& wy) const {
+    const double left = plotRect_[0];
+    const double bottom = plotRect_[3];
+    const double rx = worldRatioX_ != 0 ? worldRatioX_ : 1e-16;
+    const double ry = worldRatioY_ != 0 ? worldRatioY_ : 1e-16;
+    wx = reverseX_ ? (window_[2] - window_[0]) - (x - left) / rx : (x - left) / rx + xMin_;
+    wy = reverseY_ ? plotBounds_[3] - (y - yMin_) / ry : yMin_ - (y - bottom) / ry;
+}
+
+void clsCoordinateGraph::GetWorldAxisExtents(double& xMin, double& xMax, double& yMin, double& yMax) const {
+    xMin = window_[0];
+    xMax = window_[2];
+    yMin = window_[1];
+    yMax = window_[3];
+}
+
+void clsCoordinateGraph::GetCurrentPlotBounds(double& xMin, double& xMax, double& yMin, double& yMax) const {
+    xMin = xMin_;
+    xMax = xMax_;
+    yMin = yMin_;
+    yMax = yMax_;
+}
+
+void clsCoordinateGraph::DetectAxisBounds(double& xMin, double& xMax, double& yMin, double& yMax) const {
+    bool seen = false;
+    const auto take = [&seen](const std::vector<double>& values, double& lo, double& hi) {
+        for (double v : values) {
+            if (!std::isfinite(v)) {
+                continue;
+            }
+            if (!seen) {
+                lo = hi = v;
+                seen = true;
+            } else {
+                lo = std::min(lo, v);
+                hi = std::max(hi, v);
+            }
+        }
+    };
+    // X over all the series first, Y second, each starting from what was passed.
+    for (int pass = 0; pass < 2; ++pass) {
+        seen = false;
+        for (const DataSeriesRecord& s : series_) {
+            if (!s.Enabled) {
+                continue;
+            }
+            double& lo = pass == 0 ? xMin : yMin;
+            double& hi = pass == 0 ? xMax : yMax;
+            if (s.LineOn) {
+                take(pass == 0 ? s.LineX : s.LineY, lo, hi);
+            }
+            if (s.MarkerOn) {
+                take(pass == 0 ? s.MarkerX : s.MarkerY, lo, hi);
+            }
+            if (s.AreaOn) {
+                take(pass == 0 ? s.AreaX : s.AreaY, lo, hi);
+            }
+        }
+    }
 }
 
 } // namespace corvane

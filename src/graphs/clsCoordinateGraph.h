@@ -218,7 +218,6 @@ private:
     void DrawDashed(const std::vector<PointD>& twips, int style, int width, Colour colour);
     void PorcupineSpike(const DataSeriesRecord& s, double x, double y, double angle, double length);
     void LegendEntry(const DataSeriesRecord& s, double x, double y, double ratio);
-    void Fail(const std::string& context);
 
     std::vector<DataSeriesRecord> series_;
     clsGraphicsLineGDIpAA layer_;

@@ -22,8 +22,7 @@ constexpr double kDegToRad = 3.14159265358979 / 180.0;
 class PathPlot {
 public:
     PathPlot(DrawingSurface& surface, const GraphRequest& request)
-        : surface_(surface), request_(request),
-          style_(GraphStyleSettings(request.options.report, request.options.graphSize)) {
+        : request_(request), style_(GraphStyleSettings(request.options.report, request.options.graphSize)) {
         graph_.SetDefaultFont(request.options.fontName, request.options.fontSize);
         graph_.ClearAllDataSeries();
         graph_.CreateGraph(surface, 1, kWhite);
@@ -159,7 +158,6 @@ public:
     bool SingleChannelDrop() const { return scan_ != nullptr && scan_->ScanDrop() == 2; }
 
 private:
-    DrawingSurface& surface_;
     const GraphRequest& request_;
     GraphStyle style_;
     double labelSize_ = 12;
