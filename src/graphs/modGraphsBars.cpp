@@ -92,9 +92,6 @@ void DrawBars(clsCoordinateGraph& graph, const GraphRequest& request, BarGraph& 
               double yHigh) {
     graph.AutoAxes(2, 0, 0, bars.groups.empty() ? 1 : bars.groups.back().to + 1, yLow, yHigh, 0, -1, 0, 0, 1,
                    false, false, 8.75);
-    const GraphStyle style = GraphStyleSettings(request.options.report, request.options.graphSize);
-    graph.TitleGraph("Pitch [" + UnitLabel(request.project) + "]", 0, request.options.fontName,
-                     request.options.report ? style.labelSize * 0.75 : style.labelSize);
     int series = 0;
     for (const PitchBarGroup& g : bars.groups) {
         CreatePitchBarGroup(graph, series, request, g, yLow, yHigh);

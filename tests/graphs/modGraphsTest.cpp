@@ -104,6 +104,13 @@ TEST_F(modGraphsTest, RadiusGraphWritesPanelPitchesAndTheEdgesByHand) {
     EXPECT_GT(te->points[0].X, le->points[0].X);
     EXPECT_FALSE(PrintedWith(surface, " P HIGH"));
     EXPECT_TRUE(surface.Printed("36.000 P"));
+
+    // Every panel well under a reference of 37.5.
+    surface.calls.clear();
+    Check(Ideal(), 37.5);
+    CreateRadiusGraph(surface, Request());
+    EXPECT_TRUE(PrintedWith(surface, " P LOW")) << Joined(surface);
+    EXPECT_FALSE(PrintedWith(surface, " P HIGH"));
 }
 
 TEST_F(modGraphsTest, PathPlotsNameTheirAxesEdgesAndSections) {
