@@ -53,7 +53,7 @@ void TopViewHeavyScan(benchmark::State& state) {
         benchmark::DoNotOptimize(surface.Raster()->constBits());
     }
 }
-BENCHMARK(TopViewHeavyScan)->Unit(benchmark::kMillisecond);
+BENCHMARK(TopViewHeavyScan)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 void ScanArmFrame(benchmark::State& state) {
     EnsureGui();
@@ -70,7 +70,7 @@ void ScanArmFrame(benchmark::State& state) {
         benchmark::DoNotOptimize(surface.Raster()->constBits());
     }
 }
-BENCHMARK(ScanArmFrame)->Unit(benchmark::kMillisecond);
+BENCHMARK(ScanArmFrame)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
 
 } // namespace
 } // namespace corvane::bench
