@@ -6,6 +6,8 @@
 #include "cli/EvaluateOptions.h"
 #include "cli/ExportPPPCommand.h"
 #include "cli/InfoCommand.h"
+#include "cli/ScanCommand.h"
+#include "cli/SimulateArmCommand.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
 #include "support/MemorySettingsStore.h"
@@ -165,7 +167,33 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     exportPPP->add_option("PROJECT", exportProject, "the cvpj project")->required();
     exportPPP->add_option("OUT.ppp", exportPath, "the ppp file to write")->required();
 
-    for (CLI::App* command : {info, demo, evaluate, exportPPP})
+    ScanOptions scanOptions;
+    CLI::App* scan = app.add_subcommand(
+        "scan", "add a scan to a project, measured by the simulated arm playing a trajectory");
+    scan->add_option("PROJECT", scanOptions.projectPath, "the cvpj project")->required();
+    scan->add_option("--arm", scanOptions.armPath, "the arm trajectory to play (cvarm)")
+        ->type_name("TRAJECTORY.cvarm")
+        ->required();
+    scan->add_option("--calibration", scanOptions.calibrationPath,
+                     "the arm's calibration (cvst); without it the settings' defaults")
+        ->type_name("FILE.cvst");
+    scan->add_option("-o,--out", scanOptions.outPath, "the project file to write, with the new scan")
+        ->type_name("OUT.cvpj")
+        ->required();
+
+    std::string simulateProject, simulateOut, simulateCalibration;
+    CLI::App* simulateArm = app.add_subcommand(
+        "simulate-arm", "write the arm trajectory of a scripted scan of the project's propeller");
+    simulateArm->add_option("PROJECT", simulateProject, "the cvpj project")->required();
+    simulateArm->add_option("-o,--out", simulateOut, "the trajectory file to write")
+        ->type_name("TRAJECTORY.cvarm")
+        ->required();
+    simulateArm
+        ->add_option("--calibration", simulateCalibration,
+                     "the arm's calibration (cvst); without it the settings' defaults")
+        ->type_name("FILE.cvst");
+
+    for (CLI::App* command : {info, demo, evaluate, exportPPP, scan, simulateArm})
         command->group("Commands");
 
     if (args.empty()) {
@@ -188,6 +216,10 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         return RunDemo(demoPath, demoPoints, out, err);
     if (evaluate->parsed())
         return RunEvaluate(evaluateOptions, out, err);
+    if (scan->parsed())
+        return RunScan(scanOptions, out, err);
+    if (simulateArm->parsed())
+        return RunSimulateArm(simulateProject, simulateOut, simulateCalibration, out, err);
     return RunExportPPP(exportProject, exportPath, out, err);
 }
 
