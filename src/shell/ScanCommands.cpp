@@ -2,14 +2,12 @@
 
 #include "check/ScanEdits.h"
 #include "model/Globals.h"
-#include "model/NumberFormat.h"
 #include "model/clsCorvane.h"
 #include "shell/CheckPageController.h"
 #include "shell/PageNavigator.h"
 #include "shell/ScanPageController.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
-#include "support/ErrorTail.h"
 #include "support/Services.h"
 
 namespace corvane {
@@ -22,13 +20,14 @@ bool ScanCommands::ScanPageWorking() const {
 
 void ScanCommands::mnuScanHistoryAdd_Click() {
     if (ScanPageWorking()) {
-        SayNotAvailableYet("Adding a scan");
+        window_.ScanPage().AddScan();
     }
 }
 
 void ScanCommands::mnuScanHistoryOverwrite_Click() {
-    if (ScanPageWorking()) {
-        SayNotAvailableYet("Overwriting a scan");
+    if (ScanPageWorking() && gProject && gProject->ActiveScanIndex() >= 0 &&
+        gProject->ActiveScanIndex() < gProject->PropellerScanCount()) {
+        window_.ScanPage().OverwriteScan();
     }
 }
 
@@ -51,49 +50,10 @@ void ScanCommands::mnuScanHistoryDelete_Click() {
     window_.ScanPage().RedrawGraphs();
 }
 
-std::shared_ptr<clsSection> ScanCommands::ActiveSection() const {
-    if (!gProject) {
-        return nullptr;
-    }
-    const int scan = gProject->ActiveScanIndex();
-    if (scan < 0 || scan >= gProject->PropellerScanCount()) {
-        return nullptr;
-    }
-    const auto propeller = gProject->PropellerScan(scan);
-    if (!propeller || ActiveBlade < 0 || ActiveBlade >= propeller->BladeCount()) {
-        return nullptr;
-    }
-    const auto blade = propeller->Blades(ActiveBlade);
-    if (!blade || ActiveRadius < 0 || ActiveRadius >= blade->SectionCount()) {
-        return nullptr;
-    }
-    return blade->Section(ActiveRadius);
-}
-
 void ScanCommands::mnuScanResetBuffer_Click() {
-    if (gScanMode == 1) {
-        return;
+    if (gScanMode != 1) {
+        window_.ScanPage().ResetScanBuffer();
     }
-    window_.AcquireStopRecord();
-    ErrorTail tail("resetting the scan buffer");
-    std::shared_ptr<clsSection> section;
-    tail.Step([&] { section = ActiveSection(); });
-    if (!section || section->RawOffsetCount() <= 0) {
-        return;
-    }
-    const std::string station =
-        FormatNumber(gRadialPositions[static_cast<std::size_t>(ActiveRadius)] * 100, "#R");
-    const std::string text = "Warning! There are " + std::to_string(section->RawOffsetCount()) +
-                             " points in the buffer. Erase the buffer and re-scan the " + station +
-                             " for blade " + std::to_string(ActiveBlade + 1) + "?";
-    if (Prompts().MessageBox(text, MsgBox::YesNo | MsgBox::Question, "Reset scan buffer") != Answer::Yes) {
-        return;
-    }
-    window_.ScanPage().ClearAcquisitionState();
-    tail.Step([&] { section->SetRawOffsetCount(0); });
-    gProjectDirty = true;
-    GraphsStale = true;
-    window_.ScanPage().RedrawGraphs();
 }
 
 void ScanCommands::mnuScanModeDigitalDAQ_Click() {
@@ -119,6 +79,9 @@ void ScanCommands::mnuScanModeManualEntry_Click() {
 }
 
 void ScanCommands::ScanModeChanged() {
+    if (window_.ActivePage() == frmCorvane::PageScan) {
+        window_.ScanPage().Enter();
+    }
     window_.Navigator().NotifyStateChanged();
     window_.UpdateTitlebarCaption();
 }

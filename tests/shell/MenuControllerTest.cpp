@@ -182,8 +182,8 @@ TEST_F(MenuTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
 TEST_F(MenuTest, CommandsOfLaterWorkSayTheyAreNotAvailable) {
     UseDemoScans(1);
     window->ctlScanButton_Click();
-    prompts.Expect(Answer::OK, "Adding a scan is not available yet.");
-    Entry("mnuScanHistoryAdd")->trigger();
+    prompts.Expect(Answer::OK, "Importing a scan from a Hale MRI file is not available yet.");
+    Entry("mnuScanHistoryImport")->trigger();
     prompts.Expect(Answer::OK, "The custom reference editor is not available yet.");
     Entry("mnuToolsReferenceEditor")->trigger();
     prompts.Expect(Answer::OK, "The settings dialog is not available yet.");
