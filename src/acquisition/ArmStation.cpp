@@ -87,6 +87,9 @@ void ArmStation::AdvanceTo(double timeMs) {
 }
 
 void ArmStation::PrepareHome(const ScanContext& ctx) {
+    if (recorder_) {
+        recorder_->BeginAtHome();
+    }
     if (!simulated_) {
         return;
     }

@@ -47,8 +47,8 @@ public:
     // Moves the arm's clock (milliseconds since the session began).
     void AdvanceTo(double timeMs);
     // HOME is about to be pressed: a simulated arm starts its trajectory again from time 0,
-    // standing where HOME will zero the counters. The scripted demo writes its trajectory for the
-    // project's settings first.
+    // standing where HOME will zero the counters (the scripted demo writes its trajectory for the
+    // project's settings first), and a recording takes its time 0 from the first HOME.
     void PrepareHome(const ScanContext& ctx);
 
 private:

@@ -37,9 +37,21 @@ void RecordingEncoderBox::AdvanceTo(double timeMs) {
     nowMs_ = std::max(nowMs_, timeMs);
 }
 
+void RecordingEncoderBox::BeginAtHome() {
+    if (homeSeen_)
+        return;
+    homeSeen_ = true;
+    originMs_ = nowMs_;
+    ArmTrajectory fresh;
+    fresh.comments = trajectory_.comments;
+    trajectory_ = std::move(fresh);
+    held_.reset();
+    Sample();
+}
+
 void RecordingEncoderBox::Sample() {
     ArmSample sample;
-    sample.timeMs = nowMs_;
+    sample.timeMs = nowMs_ - originMs_;
     sample.angle = encoders_[kAngleChannel].Position();
     sample.radius = encoders_[kRadiusChannel].Position();
     sample.drop = encoders_[kDropChannel].Position();

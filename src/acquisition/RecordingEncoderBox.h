@@ -8,7 +8,8 @@
 // read; runs of identical samples keep only their ends.
 //
 // The recorder has no clock of its own: the front end moves its time (milliseconds since the
-// session began) with every tick, as it moves the simulated box.
+// session began) with every tick, as it moves the simulated box. The recording's time 0 is the
+// session's first HOME, where a replay presses HOME too; what came before it is dropped.
 
 #include "acquisition/ArmTrajectory.h"
 #include "acquisition/IEncoderBox.h"
@@ -23,6 +24,8 @@ public:
     explicit RecordingEncoderBox(IEncoderBox& box);
 
     void AdvanceTo(double timeMs);
+    // HOME is about to be pressed: the first time, the recording starts again from here.
+    void BeginAtHome();
     const ArmTrajectory& Trajectory();
     // Writes what was recorded so far, the whole file at once. false with the reason in error.
     bool Save(const std::string& path, std::string& error);
@@ -72,6 +75,8 @@ private:
     std::array<Encoder, 3> encoders_{};
     int pedal_ = 0;
     double nowMs_ = 0;
+    double originMs_ = 0; // the session's time at the recording's time 0
+    bool homeSeen_ = false;
     ArmTrajectory trajectory_;
     std::optional<ArmSample> held_; // the last of a run of identical samples, not yet written
 };

@@ -155,7 +155,8 @@ TEST(SimulatedEncoderBoxTest, TrajectoriesInterpolateHoldAndRefuseBrokenLines) {
     }
 }
 
-// What the recorder rebuilds from the counts and the resets plays back to the same counts.
+// What the recorder rebuilds from the counts and the resets plays back to the same counts, from
+// the session's first HOME on.
 TEST(SimulatedEncoderBoxTest, ARecordedSessionReplaysToTheSameCounts) {
     auto original = std::make_shared<ArmTrajectory>();
     original->Add({0, 500, 300, 200, 0});
@@ -166,23 +167,29 @@ TEST(SimulatedEncoderBoxTest, ARecordedSessionReplaysToTheSameCounts) {
     box.Play(original);
     RecordingEncoderBox recorder(box);
     std::vector<std::array<std::int32_t, 4>> seen;
-    Program(recorder, 7999);
+    Program(recorder, 7999); // the window opens
     for (double t = 0; t <= 300; t += 10) {
         box.AdvanceTo(t);
         recorder.AdvanceTo(t);
+        if (t == 50) {
+            recorder.BeginAtHome();
+            Program(recorder, 7999); // HOME
+        }
         if (t == 150)
             recorder.SetCount(0, 0, 77);
-        seen.push_back(Counts(recorder));
+        if (t >= 50)
+            seen.push_back(Counts(recorder));
         std::int32_t pedal = 0;
         recorder.GetA2D(0, 0, pedal);
     }
     auto replayed = std::make_shared<ArmTrajectory>(recorder.Trajectory());
+    EXPECT_EQ(replayed->Samples().front().timeMs, 0) << "HOME is the recording's time 0";
     SimulatedEncoderBox replay;
     replay.Play(replayed);
-    Program(replay, 7999);
+    Program(replay, 7999); // HOME of the replay
     for (std::size_t i = 0; i < seen.size(); ++i) {
         replay.AdvanceTo(static_cast<double>(i) * 10);
-        if (i == 15)
+        if (i == 10)
             replay.SetCount(0, 0, 77);
         EXPECT_EQ(Counts(replay), seen[i]) << "at " << i * 10 << " ms";
     }
