@@ -29,8 +29,8 @@ std::string ValueText(const CLI::Option& option) {
     return type.empty() ? "" : " " + type;
 }
 
-// A command as it is typed: its arguments, then each option with the value it takes in
-// brackets; options that exclude each other share one bracket, split by |.
+// A command as it is typed: its arguments, then each option with the value it takes, in
+// brackets unless it is required; options that exclude each other share one bracket, split by |.
 std::vector<std::string> ArgumentWords(const CLI::App& command) {
     std::vector<std::string> words;
     const auto options = command.get_options();
@@ -47,7 +47,7 @@ std::vector<std::string> ArgumentWords(const CLI::App& command) {
         if (previous && std::find(excludes.begin(), excludes.end(), previous) != excludes.end())
             words.back().insert(words.back().size() - 1, " | " + text);
         else
-            words.push_back("[" + text + "]");
+            words.push_back(option->get_required() ? text : "[" + text + "]");
         previous = option;
     }
     return words;

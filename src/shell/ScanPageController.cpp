@@ -15,6 +15,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -144,6 +145,7 @@ void ScanPageController::Enter() {
     window_.SetBladeViewMode(0);
     window_.ctlAll_UpdateDisplay();
     window_.SetBladeButtonState(1);
+    FollowTimer();
     page_->setFocus();
 }
 
@@ -242,7 +244,17 @@ void ScanPageController::PressScanButton() {
         }
         workflow_.PressScanButton(Context());
     });
+    FollowTimer();
     RedrawGraphs();
+}
+
+void ScanPageController::FollowTimer() {
+    // HOME (or the drop counter's reset) may find a box that was not there when the window
+    // opened: the acquisition timer starts with the tick.
+    QTimer* timer = window_.tmrAcquire();
+    if (workflow_.TickRunning() && timer != nullptr && !timer->isActive()) {
+        timer->start();
+    }
 }
 
 void ScanPageController::OpenManualEntry() {
@@ -316,6 +328,7 @@ void ScanPageController::KeyTyped(int key, const QString& text) {
             pressed = workflow_.KeyTyped(Context(), typed);
         });
         if (pressed) {
+            FollowTimer();
             RedrawGraphs();
         }
     }

@@ -69,6 +69,7 @@ private:
     template <class F> void Run(F&& call);
     void Apply();
     void PressScanButton();
+    void FollowTimer();
     void OpenManualEntry();
     void KeyTyped(int key, const QString& text);
 
