@@ -24,6 +24,16 @@ std::shared_ptr<const ArmTrajectory> DemoTrajectory(const StationSettings& stati
     return std::make_shared<const ArmTrajectory>(ScriptOperator(*sweeps, units, plan));
 }
 
+// The first sample of a trajectory, held: the pedal at rest.
+std::shared_ptr<const ArmTrajectory> StandingAtStart(const ArmTrajectory& trajectory) {
+    ArmTrajectory standing;
+    ArmSample start = trajectory.Empty() ? ArmSample{} : trajectory.Samples().front();
+    start.timeMs = 0;
+    start.pedal = 0;
+    standing.Add(start);
+    return std::make_shared<const ArmTrajectory>(std::move(standing));
+}
+
 } // namespace
 
 ArmStation::ArmStation() : box_(std::make_unique<NoEncoderBox>()) {}
@@ -41,7 +51,9 @@ std::unique_ptr<ArmStation> ArmStation::WithBox(std::unique_ptr<IEncoderBox> box
 std::unique_ptr<ArmStation> ArmStation::Playing(std::shared_ptr<const ArmTrajectory> trajectory) {
     auto station = std::make_unique<ArmStation>();
     station->simulated_ = std::make_unique<SimulatedEncoderBox>();
-    station->simulated_->Play(std::move(trajectory));
+    // Until HOME the arm stands where the trajectory starts; its pedal presses nothing before.
+    station->simulated_->Play(StandingAtStart(*trajectory));
+    station->trajectory_ = std::move(trajectory);
     return station;
 }
 
@@ -53,7 +65,7 @@ std::unique_ptr<ArmStation> ArmStation::ScriptedDemo() {
     const OperatorPlan plan;
     ArmTrajectory home;
     home.Add(ArmSample{0, plan.homeAngle, plan.homeRadius, plan.homeDrop, 0});
-    station->simulated_->Play(std::make_shared<const ArmTrajectory>(std::move(home)));
+    station->simulated_->Play(StandingAtStart(home));
     return station;
 }
 
@@ -96,8 +108,8 @@ void ArmStation::PrepareHome(const ScanContext& ctx) {
     if (scriptedDemo_) {
         simulated_->Play(DemoTrajectory(ctx.station, ctx.iso, *ctx.project.Units(), ctx.scanOrderMode,
                                         ctx.radialPositions));
-    } else {
-        simulated_->RestartPlayback();
+    } else if (trajectory_) {
+        simulated_->Play(trajectory_);
     }
 }
 

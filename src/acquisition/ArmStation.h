@@ -28,7 +28,8 @@ public:
 
     // The vendor's box (or any other), owned from here on.
     static std::unique_ptr<ArmStation> WithBox(std::unique_ptr<IEncoderBox> box);
-    // The simulated arm playing a trajectory from each HOME on.
+    // The simulated arm playing a trajectory from each HOME on; before the first it stands where
+    // the trajectory starts.
     static std::unique_ptr<ArmStation> Playing(std::shared_ptr<const ArmTrajectory> trajectory);
     // The simulated arm playing the scripted operator over the demo propeller from each HOME on.
     static std::unique_ptr<ArmStation> ScriptedDemo();
@@ -56,6 +57,7 @@ private:
     std::unique_ptr<SimulatedEncoderBox> simulated_;
     std::unique_ptr<RecordingEncoderBox> recorder_;
     std::string recordingPath_;
+    std::shared_ptr<const ArmTrajectory> trajectory_;
     bool scriptedDemo_ = false;
 };
 
