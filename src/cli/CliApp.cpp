@@ -5,6 +5,7 @@
 #include "cli/EvaluateCommand.h"
 #include "cli/EvaluateOptions.h"
 #include "cli/ExportPPPCommand.h"
+#include "cli/ImportHaleCommand.h"
 #include "cli/InfoCommand.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
@@ -165,7 +166,15 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     exportPPP->add_option("PROJECT", exportProject, "the cvpj project")->required();
     exportPPP->add_option("OUT.ppp", exportPath, "the ppp file to write")->required();
 
-    for (CLI::App* command : {info, demo, evaluate, exportPPP})
+    std::string halePath, haleProject;
+    CLI::App* importHale = app.add_subcommand(
+        "import-hale", "read a Hale MRI measuring machine's file into a new project with one scan");
+    importHale->add_option("FILE", halePath, "the Hale MRI text file")->required();
+    importHale->add_option("-o,--output", haleProject, "the project file to write")
+        ->type_name("OUT.cvpj")
+        ->required();
+
+    for (CLI::App* command : {info, demo, evaluate, exportPPP, importHale})
         command->group("Commands");
 
     if (args.empty()) {
@@ -188,6 +197,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         return RunDemo(demoPath, demoPoints, out, err);
     if (evaluate->parsed())
         return RunEvaluate(evaluateOptions, out, err);
+    if (importHale->parsed())
+        return RunImportHale(halePath, haleProject, out, err);
     return RunExportPPP(exportProject, exportPath, out, err);
 }
 
