@@ -41,6 +41,12 @@ std::vector<std::string> ArgumentWords(const CLI::App& command) {
     for (const CLI::Option* option : options) {
         if (option->get_positional() || option == command.get_help_ptr())
             continue;
+        // A required option is typed by its short name and stands without brackets.
+        if (option->get_required() && !option->get_snames().empty()) {
+            words.push_back("-" + option->get_snames().front() + ValueText(*option));
+            previous = option;
+            continue;
+        }
         const std::string text = option->get_name() + ValueText(*option);
         const auto excludes = option->get_excludes();
         if (previous && std::find(excludes.begin(), excludes.end(), previous) != excludes.end())
@@ -167,8 +173,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     exportPPP->add_option("OUT.ppp", exportPath, "the ppp file to write")->required();
 
     std::string halePath, haleProject;
-    CLI::App* importHale = app.add_subcommand(
-        "import-hale", "read a Hale MRI measuring machine's file into a new project with one scan");
+    CLI::App* importHale =
+        app.add_subcommand("import-hale", "a Hale MRI measuring machine's file as a new project of one scan");
     importHale->add_option("FILE", halePath, "the Hale MRI text file")->required();
     importHale->add_option("-o,--output", haleProject, "the project file to write")
         ->type_name("OUT.cvpj")

@@ -22,8 +22,9 @@ constexpr const char* kCommand = "corvane-cli import-hale: ";
 std::string OneLine(const std::string& text) {
     std::string line;
     for (const char c : text) {
-        if (c != '\r')
-            line.push_back(c == '\n' ? ' ' : c);
+        const char shown = c == '\r' || c == '\n' ? ' ' : c;
+        if (shown != ' ' || (!line.empty() && line.back() != ' '))
+            line.push_back(shown);
     }
     return line;
 }

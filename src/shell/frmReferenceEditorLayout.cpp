@@ -105,11 +105,16 @@ void frmReferenceEditor::BuildLayout() {
         table->horizontalHeader()->setDefaultSectionSize(78);
         table->verticalHeader()->setDefaultSectionSize(24);
     }
+    // Five columns always: they share the width, and the pitch is never scrolled out of sight.
+    dtbSectionData_->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    const QString unit =
+        gUnits ? QStringLiteral(" (") + Q(gUnits->GetUnitPropLengthLabel(-1)) + QStringLiteral(")")
+               : QString();
 
     auto* fields = new QFormLayout();
     fields->addRow(QStringLiteral("Description"), txtDescription_);
-    fields->addRow(QStringLiteral("Diameter"), txtDiameter_);
-    fields->addRow(QStringLiteral("Propeller pitch (mean)"), txtPropPitch_);
+    fields->addRow(QStringLiteral("Diameter") + unit, txtDiameter_);
+    fields->addRow(QStringLiteral("Propeller pitch (mean)") + unit, txtPropPitch_);
     auto* counts = new QFormLayout();
     counts->addRow(QStringLiteral("Sections"), txtSectionCount_);
     counts->addRow(QStringLiteral("Segments (local pitch)"), txtSegmentCount_);

@@ -1,5 +1,6 @@
 #include "WindowTestSupport.h"
 
+#include "acquisition/DemoProject.h"
 #include "shell/ToolsCommands.h"
 #include "shell/frmReferenceEditor.h"
 
@@ -132,7 +133,7 @@ TEST_F(ReferenceEditorTest, ClosingWithChangesAsksAndCancelKeepsTheWindow) {
     EXPECT_TRUE(editor->close());
 }
 
-TEST_F(ReferenceEditorTest, TheToolsMenuOpensTheEditorAndItShowsItsTables) {
+TEST_F(ReferenceEditorTest, TheToolsMenuOpensTheEditorAndFromScanFillsItFromTheDemo) {
     bool shown = false;
     QTimer::singleShot(0, [&shown] {
         if (auto* opened = qobject_cast<frmReferenceEditor*>(QApplication::activeModalWidget())) {
@@ -143,7 +144,15 @@ TEST_F(ReferenceEditorTest, TheToolsMenuOpensTheEditorAndItShowsItsTables) {
     Entry("mnuToolsReferenceEditor")->trigger();
     EXPECT_TRUE(shown);
 
-    TypeReference();
+    ASSERT_EQ(BuildDemoProject(), 1);
+    gProject->SetReferenceSourceIndex(1);
+    gProject->SetReferenceConstantPitch(36.0);
+    prompts.SetAnswerFreely(true);
+    editor->ctlReferenceFile_Click();
+    EXPECT_EQ(Get<QLineEdit>("txtDescription")->text(), "DEMO-4B - Scan 0");
+    EXPECT_EQ(Get<QTableWidget>("dtbSectionData")->rowCount(), 8);
+    EXPECT_EQ(Cell("dtbSectionData", 3, 4), "36.000");
+
     editor->resize(980, 620);
     const QImage image = test::Render(*editor);
     QSet<QRgb> colours;
