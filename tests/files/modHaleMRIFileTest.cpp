@@ -1,6 +1,5 @@
 #include "common/ServicesFixture.h"
 
-#include "files/DelimitedFields.h"
 #include "files/ScanDateText.h"
 #include "files/modHaleMRIFile.h"
 #include "files/modProjectCommands.h"
@@ -52,10 +51,12 @@ protected:
     static clsSection& At(int blade, int row) { return *Scan().Blades(blade)->Section(row); }
 };
 
-TEST_F(HaleImportTest, PlainLayoutFillsTheHeaderAndOneSectionPerRowAndBlade) {
+TEST_F(HaleImportTest, PlainLayoutFillsTheHeaderTheRowsOfEachBladeAndTheInnerRadius) {
     gUnits->SetPropLengthIndex(3); // mm: every length converts from inches
-    const FileReadResult read = Import(Header() + "2,95,1,3,90,4,6\r\n95,7,9,90,10,12\r\n" + Section(kThree) +
-                                       Section(kThree) + Section(kThree) + Section(kThree));
+    const FileReadResult read =
+        Import(Header() + "2,95,1,3,90,4,6,55,7,9,30.7,10,12\r\n95,13,15,90,16,18\r\n" + Section(kThree) +
+               Section(kThree) + Section({{40, 1}, {50, 1}, {60, 1}}) + Section(kThree) + Section(kThree) +
+               Section(kThree));
     ASSERT_TRUE(read.Usable()) << read.collected;
     EXPECT_TRUE(read.notices.empty());
     const clsCorvane& p = *gProject;
@@ -78,7 +79,15 @@ TEST_F(HaleImportTest, PlainLayoutFillsTheHeaderAndOneSectionPerRowAndBlade) {
         EXPECT_NEAR(At(blade, 1).Radius(0), 0.9 * 508.0, 1e-9);
         EXPECT_NEAR(At(blade, 1).AxialDropX(2), 25.4, 1e-9);
     }
-    EXPECT_EQ(At(0, 2).RawOffsetCount(), 0);
+    // 30.7 % is blade 0's inner radius, rounded up to 31 % for row 7; 55 % has no row.
+    EXPECT_EQ(gISO484->ISOIncludeInnerRadiusIndex(), 1);
+    EXPECT_DOUBLE_EQ(gISO484->ISOInnerRadius(), 31.0);
+    EXPECT_DOUBLE_EQ(gRadialPositions[7], 0.31);
+    EXPECT_NEAR(Scan().Blades(0)->RadialPos(7), 0.307, 1e-12);
+    EXPECT_DOUBLE_EQ(At(0, 7).ThetaDeg(0), 10.0);
+    for (int row = 2; row < 7; ++row) {
+        EXPECT_EQ(At(0, row).RawOffsetCount(), 0) << row;
+    }
 }
 
 TEST_F(HaleImportTest, TheSecondListFieldDecidesTheLayout) {
@@ -91,11 +100,12 @@ TEST_F(HaleImportTest, TheSecondListFieldDecidesTheLayout) {
         std::string list;
         int sections;
         int blades;
+        std::size_t warnings;
     } cases[] = {
-        {"2," + records, 4, 2},                      // plain: the blade count, then the records
-        {"2,2," + records, 4, 2},                    // counted: two blades of two sections
-        {"4,95.0,1,3,90,4,6,95,7,9,90,10,12", 4, 1}, // "95.0" ends the counts: one blade of four
-        {thirteen, 13, 2},                           // 12 is a count, not an r/R
+        {"2," + records, 4, 2, 0},                      // plain: the blade count, then the records
+        {"2,2," + records, 4, 2, 0},                    // counted: two blades of two sections
+        {"4,95.0,1,3,90,4,6,95,7,9,90,10,12", 4, 1, 0}, // "95.0" ends the counts: one blade of four
+        {thirteen, 13, 2, 1},                           // 12 is a count, not an r/R: too many sections
     };
     for (const auto& c : cases) {
         ASSERT_EQ(CreateNewProject(), 1);
@@ -108,10 +118,15 @@ TEST_F(HaleImportTest, TheSecondListFieldDecidesTheLayout) {
         EXPECT_TRUE(read.Usable()) << c.list << read.collected;
         EXPECT_EQ(Scan().BladeCount(), c.blades) << c.list;
         EXPECT_EQ(At(0, 0).RawOffsetCount(), 3) << c.list;
+        ASSERT_EQ(read.notices.size(), c.warnings) << c.list;
     }
+    EXPECT_EQ(
+        Import(Header() + thirteen + "\r\n").notices.at(0).text,
+        "Warning, this file contains data for 12 Sections on some blades. \r\n This program is limited to "
+        "8 Sections per blade, Only Data for the 8 ISO Standard Sections will be included");
 }
 
-TEST_F(HaleImportTest, MoreThanSevenBladesOrEightSectionsAreReadWithAWarning) {
+TEST_F(HaleImportTest, MoreThanSevenBladesAreReadWithAWarningAndDropped) {
     std::string list = "8,95,1,1";
     std::string points = Section({{1, 0}});
     for (int b = 1; b < 8; ++b) {
@@ -126,34 +141,6 @@ TEST_F(HaleImportTest, MoreThanSevenBladesOrEightSectionsAreReadWithAWarning) {
               "to 7 bladed propellers, Only Data for the first 7 blades will be included");
     EXPECT_EQ(Scan().BladeCount(), 7);
     EXPECT_DOUBLE_EQ(At(6, 0).ThetaDeg(0), 7.0); // blade 8 was read and dropped
-
-    list = "1";
-    points.clear();
-    for (const char* r : {"95", "90", "80", "70", "60", "50", "45", "40", "30"}) {
-        list += std::string(",") + r + ",1,1";
-        points += Section({{1, 0}});
-    }
-    read = Import(Header() + list + "\r\n" + points);
-    ASSERT_EQ(read.notices.size(), 1u);
-    EXPECT_NE(
-        read.notices[0].text.find("data for 9 Sections on some blades. \r\n This program is limited to 8 "
-                                  "Sections per blade"),
-        std::string::npos);
-}
-
-TEST_F(HaleImportTest, InnerRadiusTakesRowSevenAndUnmatchedSectionsAreDropped) {
-    const FileReadResult read = Import(Header() + "1,95,1,3,55,4,6,30.7,7,9\r\n" + Section(kThree) +
-                                       Section({{40, 1}, {50, 1}, {60, 1}}) + Section(kThree));
-    ASSERT_TRUE(read.Usable()) << read.collected;
-    EXPECT_EQ(gISO484->ISOIncludeInnerRadiusIndex(), 1);
-    EXPECT_DOUBLE_EQ(gISO484->ISOInnerRadius(), 31.0);
-    EXPECT_DOUBLE_EQ(gRadialPositions[7], 0.31);
-    EXPECT_NEAR(Scan().Blades(0)->RadialPos(7), 0.307, 1e-12);
-    EXPECT_EQ(At(0, 7).RawOffsetCount(), 3);
-    EXPECT_DOUBLE_EQ(At(0, 7).ThetaDeg(0), 10.0); // the 55 % section's points went nowhere
-    for (int row = 1; row < 7; ++row) {
-        EXPECT_EQ(At(0, row).RawOffsetCount(), 0) << row;
-    }
 }
 
 TEST_F(HaleImportTest, PointsThatGoBackAreDroppedForEitherHandAndLeftHandAnglesAreMirrored) {
@@ -193,15 +180,6 @@ TEST_F(HaleImportTest, CutFilesSayWhereTheyEnd) {
     EXPECT_EQ(At(0, 1).RawOffsetCount(), 1); // what was read stays
     EXPECT_EQ(ImportHaleMRIFile(temp->File("none.txt"), *gProject, *gISO484).Reason(),
               "The file cannot be read.");
-}
-
-TEST(DelimitedFieldsTest, FieldsEndAtCommasAndLineEnds) {
-    const DelimitedFields fields(" a , \"b, c\" x,\r\n\r\n\"102\"\rd,");
-    std::vector<std::string> texts;
-    for (std::size_t i = 0; i < fields.Count(); ++i) {
-        texts.push_back(fields.At(i).text);
-    }
-    EXPECT_EQ(texts, (std::vector<std::string>{"a", "b, c", "", "102", "d", ""}));
 }
 
 TEST(ScanDateTextTest, DatesOfOtherMachinesBecomeScanDates) {
