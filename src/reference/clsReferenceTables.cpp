@@ -267,8 +267,10 @@ void clsReferenceTables::Assign(const std::string& description, double diameter,
     segments_ = segments;
     for (ReferenceSectionRow& row : rows_) {
         row.localPitch.resize(static_cast<std::size_t>(segments), row.pitch);
+        if (constant_) {
+            std::fill(row.localPitch.begin(), row.localPitch.end(), row.pitch);
+        }
     }
-    constant_ = false;
     SortKeeping(-1);
     UpdatePitchAverages();
     changed_ = true;

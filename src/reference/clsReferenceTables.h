@@ -94,8 +94,8 @@ public:
     // The propeller's pitch: the mean of the section pitches; 0 without rows.
     double PropPitch() const;
 
-    // The whole content at once (a file read, a scan): rows sorted, averages taken, the lock
-    // off, the changed flag set.
+    // The whole content at once (a file read, a scan): rows sorted, averages taken, the changed
+    // flag set. The lock stays as it is: while it is on, every segment gets its section's pitch.
     void Assign(const std::string& description, double diameter, std::vector<ReferenceSectionRow> rows,
                 int segments);
     // The tables as a reference propeller of one blade: Description, Diameter, and per row a

@@ -82,6 +82,7 @@ void FillTables(const clsPropeller& propeller, const std::string& description, c
                 clsReferenceTables& tables) {
     int segments = 0;
     std::vector<ReferenceSectionRow> rows = clsReferenceTables::RowsOf(propeller, false, segments);
+    tables.SetConstantLocalPitchFound(false); // a file's segments are taken as they stand
     tables.Assign(description, propeller.Diameter(), std::move(rows), segments);
     tables.SetConstantLocalPitchFound(tables.LocalPitchesConstant());
     tables.SetFileName(path);
