@@ -61,7 +61,10 @@ void frmReferenceEditor::ctlReferenceFile_Click() {
     if (!gProject || !gISO484) {
         return;
     }
-    if (ReferenceTablesFromScan(*gProject, *gISO484, tables_) == 1) {
+    const bool made = ReferenceTablesFromScan(*gProject, *gISO484, tables_) == 1;
+    // The scan was recalculated with the raw section ends: what the pages show must be made again.
+    GraphsStale = true;
+    if (made) {
         Refresh();
     }
 }
