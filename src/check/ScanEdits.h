@@ -3,6 +3,7 @@
 // Changes to the scans of a project that every front end makes the same way. Adding and
 // overwriting hand over to the scan workflow afterwards, which sets the scan button going.
 
+#include "files/FileReadResult.h"
 #include "model/DateTime.h"
 
 #include <cstdint>
@@ -15,6 +16,7 @@ class clsPropeller;
 
 // The most scans ADD takes a project to: a project may reach 51, the test refusing only above 50.
 inline constexpr int kScanLimit = 50;
+class clsISO484;
 
 // Deletes the active scan of the selected set after asking, with the messages of the Delete
 // command: none to delete, an active index out of range, and the question naming the scan's
@@ -39,5 +41,20 @@ void PlaceBladesOnGL(clsPropeller& scan, std::int16_t rotationIndex);
 
 // "dd-MMM-yyyy HH:mm", the date a new scan is stamped with ("22-Nov-2026 09:05").
 std::string ScanDateText(const DateTime& now);
+
+struct [[nodiscard]] ScanImport {
+    bool added = false;
+    FileReadResult read; // what the reader said: its warnings, and the reason when it failed
+    // Where the file's propeller differs from the project's (unit, diameter, blade count, hand),
+    // one line each; shown before the scan goes in all the same. Empty when they agree.
+    std::string differences;
+};
+
+// "Import..." of the Scan menu: reads a Hale MRI file into a project of its own in the project's
+// unit (which may move the inner radius of `iso`, as a file import does), compares it with the
+// project, and appends its scan to the project's selected set as the active one, with the next
+// ScanID, the project's blade count and eight sections on every blade. A file that cannot be
+// read whole adds nothing.
+ScanImport ImportHaleScan(clsCorvane& project, clsISO484& iso, const std::string& path);
 
 } // namespace corvane

@@ -5,6 +5,7 @@
 #include "cli/EvaluateCommand.h"
 #include "cli/EvaluateOptions.h"
 #include "cli/ExportPPPCommand.h"
+#include "cli/ImportHaleCommand.h"
 #include "cli/InfoCommand.h"
 #include "cli/ScanCommand.h"
 #include "cli/SimulateArmCommand.h"
@@ -42,6 +43,12 @@ std::vector<std::string> ArgumentWords(const CLI::App& command) {
     for (const CLI::Option* option : options) {
         if (option->get_positional() || option == command.get_help_ptr())
             continue;
+        // A required option is typed by its short name and stands without brackets.
+        if (option->get_required() && !option->get_snames().empty()) {
+            words.push_back("-" + option->get_snames().front() + ValueText(*option));
+            previous = option;
+            continue;
+        }
         const std::string text = option->get_name() + ValueText(*option);
         const auto excludes = option->get_excludes();
         if (previous && std::find(excludes.begin(), excludes.end(), previous) != excludes.end())
@@ -193,7 +200,16 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
                      "the arm's calibration (cvst); without it the settings' defaults")
         ->type_name("FILE.cvst");
 
-    for (CLI::App* command : {info, demo, evaluate, exportPPP, scan, simulateArm})
+    
+    std::string halePath, haleProject;
+    CLI::App* importHale =
+        app.add_subcommand("import-hale", "a Hale MRI measuring machine's file as a new project of one scan");
+    importHale->add_option("FILE", halePath, "the Hale MRI text file")->required();
+    importHale->add_option("-o,--output", haleProject, "the project file to write")
+        ->type_name("OUT.cvpj")
+        ->required();
+
+    for (CLI::App* command : {info, demo, evaluate, exportPPP, importHale, scan, simulateArm})
         command->group("Commands");
 
     if (args.empty()) {
@@ -220,6 +236,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         return RunScan(scanOptions, out, err);
     if (simulateArm->parsed())
         return RunSimulateArm(simulateProject, simulateOut, simulateCalibration, out, err);
+    if (importHale->parsed())
+        return RunImportHale(halePath, haleProject, out, err);
     return RunExportPPP(exportProject, exportPath, out, err);
 }
 

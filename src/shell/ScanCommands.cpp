@@ -1,14 +1,20 @@
 #include "shell/ScanCommands.h"
 
 #include "check/ScanEdits.h"
+#include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "shell/CheckPageController.h"
 #include "shell/PageNavigator.h"
 #include "shell/ScanPageController.h"
 #include "shell/UnavailablePage.h"
+#include "shell/clsFileDialog.h"
 #include "shell/frmCorvane.h"
+#include "support/ErrorTail.h"
+#include "support/Notice.h"
 #include "support/Services.h"
+
+#include <QApplication>
 
 namespace corvane {
 
@@ -32,9 +38,36 @@ void ScanCommands::mnuScanHistoryOverwrite_Click() {
 }
 
 void ScanCommands::mnuScanHistoryImport_Click() {
-    if (ScanPageWorking()) {
-        SayNotAvailableYet("Importing a scan from a Hale MRI file");
+    if (!ScanPageWorking() || !gProject || !gISO484) {
+        return;
     }
+    clsFileDialog dialog;
+    dialog.DialogTitle = "Open file...";
+    dialog.Filters = {{"Hale MRI (*.txt)", "*.txt"}};
+    dialog.InitDir = gRootDirectory;
+    dialog.Parent = &window_;
+    if (!dialog.ShowOpen()) {
+        return;
+    }
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const ScanImport import = ImportHaleScan(*gProject, *gISO484, dialog.FileName);
+    QApplication::restoreOverrideCursor();
+    ShowNotices(import.read.notices);
+    if (!import.added) {
+        Prompts().MessageBox("An error occurred reading the file. All the data was read, but some data is "
+                             "missing. Please review the file.",
+                             MsgBox::Critical, gAppTitle);
+        return;
+    }
+    if (!import.differences.empty()) {
+        Prompts().MessageBox(import.differences, MsgBox::Exclamation, gAppTitle);
+    }
+    ActiveBlade = 0;
+    ActiveRadius = 0;
+    gProjectDirty = true;
+    GraphsStale = true;
+    window_.ScanPage().RefreshScanList();
+    window_.Navigator().NotifyStateChanged();
 }
 
 void ScanCommands::mnuScanHistoryDelete_Click() {
