@@ -65,7 +65,7 @@ void ScanArmFrame(benchmark::State& state) {
     double angle = 0;
     for (auto _ : state) {
         angle += 0.5;
-        graph.Frame(surface, *gProject, 0, ArmPosition{angle, 1000, 3000}, 3, 4, options);
+        graph.Frame(surface, *gProject, 0, ArmOnGraph{angle, 1000, 3000}, 3, 4, options);
         surface.Finish();
         benchmark::DoNotOptimize(surface.Raster()->constBits());
     }

@@ -35,8 +35,8 @@ int FirstRowWithData(clsPropeller& scan, int blade) {
 }
 
 // Where the arm was left: the last point of the last sweep of the scan.
-ArmPosition LastArmPosition(const clsCorvane& project, clsPropeller& scan) {
-    ArmPosition arm;
+ArmOnGraph LastArmPosition(const clsCorvane& project, clsPropeller& scan) {
+    ArmOnGraph arm;
     arm.diameter = project.MarkedDiameter();
     for (int b = 0; b < scan.BladeCount(); ++b) {
         for (int k = 0; k < scan.Blades(b)->SectionCount(); ++k) {

@@ -26,7 +26,7 @@ void StartGraph(clsCoordinateGraph& graph, DrawingSurface& surface, const GraphO
 }
 
 // Series 0 the arm from the centre to the rim, series 1 the marker at the arm's radius.
-void AddArm(clsCoordinateGraph& graph, const ArmPosition& arm, const GraphStyle& style) {
+void AddArm(clsCoordinateGraph& graph, const ArmOnGraph& arm, const GraphStyle& style) {
     const double a = arm.angleDeg * kDegToRad;
     graph.SetDataSeriesConfiguration(0, true, true, false, false, false, false, false);
     graph.SetLineStyle(0, 0, 0, style.lineWidth, 0);
@@ -107,7 +107,7 @@ const clsPropeller* ScanOf(const clsCorvane& project, int scanIndex) {
 } // namespace
 
 void CreateScanArmGraph(DrawingSurface& surface, const clsCorvane& project, int scanIndex,
-                        const ArmPosition& arm, const GraphOptions& options) {
+                        const ArmOnGraph& arm, const GraphOptions& options) {
     ErrorTail tail("creating scan arm graph");
     tail.Step([&] {
         const GraphStyle style = GraphStyleSettings(options.report, options.graphSize);
@@ -143,7 +143,7 @@ void ScanArmGraph::Background(DrawingSurface& surface, const clsCorvane& project
 }
 
 void ScanArmGraph::Frame(DrawingSurface& surface, const clsCorvane& project, int scanIndex,
-                         const ArmPosition& arm, int blade, int section, const GraphOptions& options) {
+                         const ArmOnGraph& arm, int blade, int section, const GraphOptions& options) {
     ErrorTail tail("creating scan arm graph (f)");
     tail.Step([&] {
         const GraphStyle style = GraphStyleSettings(options.report, options.graphSize);

@@ -20,7 +20,7 @@ class DrawingSurface;
 
 // Where the arm stands: its angle in degrees, its radius and the propeller's diameter (the
 // marker sits at radius / (diameter / 2) of the graph's unit circle; 0 without a diameter).
-struct ArmPosition {
+struct ArmOnGraph {
     double angleDeg = 0;
     double radius = 0;
     double diameter = 0;
@@ -30,7 +30,7 @@ struct ArmPosition {
 // its blade's colour (with a MarkedDiameter above 0) and each blade's generator line with its
 // number.
 void CreateScanArmGraph(DrawingSurface& surface, const clsCorvane& project, int scanIndex,
-                        const ArmPosition& arm, const GraphOptions& options);
+                        const ArmOnGraph& arm, const GraphOptions& options);
 
 class ScanArmGraph {
 public:
@@ -41,7 +41,7 @@ public:
     // stored ground; the surface must have the size the ground was drawn at. Without a ground
     // the frame is drawn on the back colour. Only the sweep under way needs to follow the arm:
     // the others are in the ground.
-    void Frame(DrawingSurface& surface, const clsCorvane& project, int scanIndex, const ArmPosition& arm,
+    void Frame(DrawingSurface& surface, const clsCorvane& project, int scanIndex, const ArmOnGraph& arm,
                int blade, int section, const GraphOptions& options);
     bool HasBackground() const { return background_ != nullptr; }
     // Drops the ground: the next Background draws it anew.

@@ -32,7 +32,7 @@ void ScanArmView::EnsureSurface() {
     }
 }
 
-void ScanArmView::MoveArm(const clsCorvane& project, int scanIndex, const ArmPosition& arm, int blade,
+void ScanArmView::MoveArm(const clsCorvane& project, int scanIndex, const ArmOnGraph& arm, int blade,
                           int section) {
     EnsureSurface();
     if (!graph_.HasBackground()) {
@@ -43,7 +43,7 @@ void ScanArmView::MoveArm(const clsCorvane& project, int scanIndex, const ArmPos
     update();
 }
 
-void ScanArmView::DrawStill(const clsCorvane& project, int scanIndex, const ArmPosition& arm) {
+void ScanArmView::DrawStill(const clsCorvane& project, int scanIndex, const ArmOnGraph& arm) {
     EnsureSurface();
     CreateScanArmGraph(*surface_, project, scanIndex, arm, options_);
     surface_->Finish();

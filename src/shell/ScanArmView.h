@@ -35,9 +35,9 @@ public:
     void ScanChanged();
     // One tick: draws the arm and the sweep under way (`blade` and `section`, 0-based; -1 for
     // every section of the blade) on the ground and repaints.
-    void MoveArm(const clsCorvane& project, int scanIndex, const ArmPosition& arm, int blade, int section);
+    void MoveArm(const clsCorvane& project, int scanIndex, const ArmOnGraph& arm, int blade, int section);
     // The whole graph in one go (the arm, every sweep and the blade lines), for a still page.
-    void DrawStill(const clsCorvane& project, int scanIndex, const ArmPosition& arm);
+    void DrawStill(const clsCorvane& project, int scanIndex, const ArmOnGraph& arm);
 
     // What the view shows.
     QImage Picture() const;

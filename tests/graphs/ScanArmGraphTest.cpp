@@ -13,7 +13,7 @@ class ScanArmGraphTest : public test::GraphsTest {};
 TEST_F(ScanArmGraphTest, TheLiveGraphShowsArmSweepsAndBladeNumbers) {
     Check(Ideal(), 0);
     options.scanMode = 2;
-    CreateScanArmGraph(surface, *gProject, 0, ArmPosition{90, 10, 40}, options);
+    CreateScanArmGraph(surface, *gProject, 0, ArmOnGraph{90, 10, 40}, options);
     ASSERT_FALSE(surface.calls.empty());
     EXPECT_EQ(surface.calls[0].kind, Kind::Cls);
     EXPECT_EQ(surface.calls[0].colour, 0xBABABAu); // enabled surface: grey
@@ -33,7 +33,7 @@ TEST_F(ScanArmGraphTest, TheLiveGraphShowsArmSweepsAndBladeNumbers) {
     options.scanMode = 1;
     options.surfaceEnabled = false;
     gProject->SetMarkedDiameter(0); // no diameter: no sweeps, the blade lines stay
-    CreateScanArmGraph(surface, *gProject, 0, ArmPosition{90, 10, 40}, options);
+    CreateScanArmGraph(surface, *gProject, 0, ArmOnGraph{90, 10, 40}, options);
     EXPECT_EQ(surface.calls[0].colour, 0xFFFFFFu);
     EXPECT_TRUE(surface.InColour(kBladeColours[0]).empty());
     EXPECT_TRUE(surface.Printed("1"));
@@ -48,7 +48,7 @@ TEST_F(ScanArmGraphTest, FramesDrawOnlyTheMovingPartOnTheStoredGround) {
     EXPECT_FALSE(surface.InColour(kBladeColours[3]).empty());
 
     surface.calls.clear();
-    arm.Frame(surface, *gProject, 0, ArmPosition{45, 15, 40}, 2, -1, options);
+    arm.Frame(surface, *gProject, 0, ArmOnGraph{45, 15, 40}, 2, -1, options);
     EXPECT_NE(surface.Picture(), nullptr);
     EXPECT_EQ(surface.calls[0].kind, Kind::Cls);
     EXPECT_FALSE(surface.InColour(kBladeColours[2]).empty());

@@ -22,7 +22,7 @@ protected:
 };
 
 TEST_F(ScanArmViewTest, EachTickMovesTheArmOverTheStoredSweeps) {
-    view->MoveArm(*gProject, 0, ArmPosition{90, 16, 40}, 0, 3);
+    view->MoveArm(*gProject, 0, ArmOnGraph{90, 16, 40}, 0, 3);
     QImage picture = view->Picture();
     ASSERT_EQ(picture.size(), QSize(300, 300));
     EXPECT_EQ(picture.pixelColor(2, 2), QColor(0xBA, 0xBA, 0xBA)); // enabled: grey ground
@@ -30,7 +30,7 @@ TEST_F(ScanArmViewTest, EachTickMovesTheArmOverTheStoredSweeps) {
     EXPECT_EQ(picture.pixelColor(230, 150), QColor(Qt::black));
     EXPECT_NE(picture.pixelColor(150, 230), QColor(Qt::black));
 
-    view->MoveArm(*gProject, 0, ArmPosition{180, 16, 40}, 0, 3);
+    view->MoveArm(*gProject, 0, ArmOnGraph{180, 16, 40}, 0, 3);
     picture = view->Picture();
     EXPECT_EQ(picture.pixelColor(150, 230), QColor(Qt::black));
     EXPECT_NE(picture.pixelColor(230, 150), QColor(Qt::black)); // the ground came back
@@ -40,7 +40,7 @@ TEST_F(ScanArmViewTest, EachTickMovesTheArmOverTheStoredSweeps) {
     options.surfaceEnabled = false;
     view->SetOptions(options);
     view->resize(200, 200);
-    view->MoveArm(*gProject, 0, ArmPosition{0, 16, 40}, 0, 3);
+    view->MoveArm(*gProject, 0, ArmOnGraph{0, 16, 40}, 0, 3);
     EXPECT_EQ(view->Picture().size(), QSize(200, 200));
     EXPECT_EQ(view->Picture().pixelColor(2, 2), QColor(Qt::white));
 }
