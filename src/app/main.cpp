@@ -11,6 +11,7 @@
 #include "platform/QtServices.h"
 #include "platform/USB4Library.h"
 #include "shell/FileCommands.h"
+#include "shell/PageNavigator.h"
 #include "shell/ScanPageController.h"
 #include "shell/frmCorvane.h"
 #include "support/ProcessMemory.h"
@@ -27,6 +28,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <cstdio>
 #include <memory>
 
 namespace {
@@ -99,6 +101,17 @@ int main(int argc, char** argv) {
         QStringLiteral("record-arm"),
         QStringLiteral("Record the session with the arm as a trajectory (cvarm) <file>."),
         QStringLiteral("file"));
+    QCommandLineOption page(QStringLiteral("page"),
+                            QStringLiteral("Open the page <name> (project, scan, check or report) as its "
+                                           "button does, gates included."),
+                            QStringLiteral("name"));
+    QCommandLineOption scanSeconds(
+        QStringLiteral("scan-seconds"),
+        QStringLiteral("With --page scan and a simulated arm: press HOME and let the arm play <seconds> "
+                       "before the screenshot."),
+        QStringLiteral("seconds"));
+    parser.addOption(page);
+    parser.addOption(scanSeconds);
     parser.addOption(demo);
     parser.addOption(office);
     parser.addOption(arm);
@@ -171,6 +184,28 @@ int main(int argc, char** argv) {
     window->Files().ShowNewProject();
     if (!armProblem.empty()) {
         corvane::Prompts().MessageBox(armProblem, corvane::MsgBox::Exclamation, corvane::gAppTitle);
+    }
+    if (parser.isSet(page)) {
+        const QStringList names{QStringLiteral("project"), QStringLiteral("scan"), QStringLiteral("check"),
+                                QStringLiteral("report")};
+        const int index = static_cast<int>(names.indexOf(parser.value(page).toLower()));
+        if (index < 0) {
+            std::fprintf(stderr, "corvane: unknown page %s (project, scan, check or report)\n",
+                         qPrintable(parser.value(page)));
+            return 2;
+        }
+        window->Navigator().Open(index);
+    }
+    if (parser.isSet(scanSeconds) && window->ActivePage() == corvane::frmCorvane::PageScan) {
+        // The simulated arm's clock runs 10 ms a tick: the ticks are played here at once, so the
+        // picture shows the same moment of the scan on every machine.
+        const int ticks = static_cast<int>(parser.value(scanSeconds).toDouble() * 100);
+        QTimer::singleShot(300, &app, [&window, ticks] {
+            window->ScanPage().PressScanButton();
+            for (int i = 0; i < ticks; ++i) {
+                window->ScanPage().Tick();
+            }
+        });
     }
     if (parser.isSet(screenshot)) {
         // What the screen shows of the window (a real grab from the display server), after the

@@ -6,6 +6,7 @@
 #include "model/clsCorvane.h"
 #include "shell/MainToolStrip.h"
 #include "shell/PageNavigator.h"
+#include "shell/ScanArmView.h"
 #include "shell/frmCorvane.h"
 #include "shell/frmManualEntry.h"
 #include "shell/frmPageScan.h"
@@ -16,6 +17,7 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QTimer>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -45,6 +47,10 @@ ScanPageController::ScanPageController(frmCorvane& window, ArmStation& arm)
     : window_(window), arm_(arm), workflow_(arm.Box()) {
     session_.start();
     page_ = new frmPageScan();
+    auto* armLayout = new QVBoxLayout(page_->ArmPictureSlot());
+    armLayout->setContentsMargins(0, 0, 0, 0);
+    armView_ = new ScanArmView(page_->ArmPictureSlot());
+    armLayout->addWidget(armView_);
     QObject::connect(page_, &frmPageScan::ScanButtonClicked, page_, [this] { PressScanButton(); });
     QObject::connect(page_, &frmPageScan::OopsClicked, page_,
                      [this] { Run([this] { workflow_.ReScanLast(Context()); }); });
@@ -108,6 +114,10 @@ void ScanPageController::Apply() {
     if (events.graphsStale || events.projectChanged) {
         GraphsStale = true;
     }
+    if (events.graphsStale || events.projectChanged || events.scansChanged || events.sweepsEnded > 0) {
+        armView_->ScanChanged();
+    }
+    DrawArm();
     if (events.scansChanged) {
         window_.Navigator().NotifyStateChanged();
         window_.UpdateTitlebarCaption();
@@ -163,8 +173,31 @@ void ScanPageController::RefreshScanList() {
 }
 
 void ScanPageController::RedrawGraphs() {
-    // The arm picture comes with the graphs; its slot is repainted empty meanwhile.
-    page_->ArmPictureSlot()->update();
+    armView_->ScanChanged();
+    DrawArm();
+}
+
+void ScanPageController::DrawArm() {
+    if (!gProject || !page_->isVisibleTo(&window_)) {
+        return;
+    }
+    const int scan = gProject->ActiveScanIndex();
+    if (scan < 0 || scan >= gProject->PropellerScanCount()) {
+        return;
+    }
+    // New options redraw the ground: only when the scan mode or the page's enabling changed.
+    if (armScanMode_ != gScanMode || armEnabled_ != page_->isEnabled()) {
+        armScanMode_ = gScanMode;
+        armEnabled_ = page_->isEnabled();
+        GraphOptions options;
+        options.scanMode = gScanMode;
+        options.surfaceEnabled = armEnabled_;
+        armView_->SetOptions(options);
+    }
+    const ScanPageView& view = workflow_.View();
+    armView_->MoveArm(*gProject, scan,
+                      ArmOnGraph{view.armAngleDeg, view.armRadius, gProject->MarkedDiameter()}, ActiveBlade,
+                      ActiveRadius);
 }
 
 bool ScanPageController::AddScanEnabled() const {

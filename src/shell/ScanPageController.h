@@ -7,6 +7,8 @@
 
 namespace corvane {
 
+class ScanArmView;
+
 class ArmStation;
 class frmCorvane;
 class frmPageScan;
@@ -59,6 +61,8 @@ public:
     // The arm for the scan check while the box runs; null otherwise.
     ILiveArm* LiveArm();
     ScanWorkflow& Workflow() { return workflow_; }
+    // The big button (HOME, GO, STOP...), as a click, the pedal or the trigger key presses it.
+    void PressScanButton();
     // The project, settings and selection of the moment. A simulated arm's operator works the
     // pedal, so the foot pedal is on for it whatever the settings say.
     ScanContext Context();
@@ -68,15 +72,19 @@ private:
     // a tick that comes while a question of the page is open waits for the next one.
     template <class F> void Run(F&& call);
     void Apply();
-    void PressScanButton();
     void FollowTimer();
     void OpenManualEntry();
     void KeyTyped(int key, const QString& text);
+    // Draws the arm where the read-outs put it on the picture of the active scan's sweeps.
+    void DrawArm();
 
     frmCorvane& window_;
     ArmStation& arm_;
     ScanWorkflow workflow_;
     frmPageScan* page_ = nullptr;
+    ScanArmView* armView_ = nullptr;
+    int armScanMode_ = -1;
+    bool armEnabled_ = false;
     QElapsedTimer session_;
     StationSettings station_;
     // The simulated arm's own time: 10 ms a tick, so a slow tick delays the arm but never lets a

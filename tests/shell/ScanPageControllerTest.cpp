@@ -4,6 +4,7 @@
 #include "acquisition/DemoProject.h"
 #include "acquisition/SimulatedEncoderBox.h"
 #include "model/clsSection.h"
+#include "shell/ScanArmView.h"
 #include "shell/ScanPageController.h"
 #include "shell/ctlPanelButton.h"
 #include "shell/frmManualEntry.h"
@@ -30,6 +31,18 @@ protected:
     std::string Shown(QLabel* label) const { return label->text().toStdString(); }
     // The acquisition timer's tick: the simulated arm moves on 10 ms with each.
     void Tick() { window->ScanPage().Tick(); }
+    // Pixels of the arm picture in blade 1's colour.
+    int BluePixels() const {
+        const QImage picture = Page().findChild<ScanArmView*>()->Picture();
+        int blue = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                const QColor c = picture.pixelColor(x, y);
+                blue += c.blue() > 200 && c.red() < 80 && c.green() < 80 ? 1 : 0;
+            }
+        }
+        return blue;
+    }
 };
 
 TEST_F(ScanPageControllerTest, TheScriptedDemoScansANewScanOnThePage) {
@@ -46,6 +59,7 @@ TEST_F(ScanPageControllerTest, TheScriptedDemoScansANewScanOnThePage) {
     EXPECT_EQ(Page().ctlScanHistory.size(), 2u);
     EXPECT_EQ(Page().ctlScanHistory[1]->Caption(), "B");
 
+    EXPECT_EQ(BluePixels(), 0) << "the new scan has no sweep to draw";
     emit Page().ScanButtonClicked(); // HOME: the scripted operator starts
     EXPECT_TRUE(window->tmrAcquire()->isActive());
     int ticks = 0;
@@ -65,6 +79,8 @@ TEST_F(ScanPageControllerTest, TheScriptedDemoScansANewScanOnThePage) {
     EXPECT_GT(swept->RawOffsetCount(), 100) << "the log's dense points";
     EXPECT_NE(Shown(Page().lblEncoderAngleDeg).find(" deg"), std::string::npos);
     EXPECT_TRUE(gProjectDirty);
+
+    EXPECT_GT(BluePixels(), 0) << "the arm picture keeps the ended sweep in blade 1's blue";
 }
 
 TEST_F(ScanPageControllerTest, ManualEntryStoresTheTypedPointsOfTheActiveSection) {
