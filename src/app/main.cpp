@@ -1,14 +1,21 @@
 // corvane: the workstation program. Wires the Qt services, runs the start-up sequence and
 // enters the event loop.
 
+#include "acquisition/ArmStation.h"
+#include "acquisition/ArmTrajectory.h"
 #include "acquisition/DemoProject.h"
+#include "acquisition/modDAQUtilities.h"
 #include "files/modProjectCommands.h"
 #include "files/modSettings.h"
 #include "model/Globals.h"
 #include "platform/QtServices.h"
+#include "platform/USB4Library.h"
 #include "shell/FileCommands.h"
+#include "shell/PageNavigator.h"
+#include "shell/ScanPageController.h"
 #include "shell/frmCorvane.h"
 #include "support/ProcessMemory.h"
+#include "support/Services.h"
 #include "support/modMain.h"
 
 #include <QApplication>
@@ -21,6 +28,7 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <cstdio>
 #include <memory>
 
 namespace {
@@ -35,6 +43,37 @@ QString DemoProjectPath() {
         }
     }
     return {};
+}
+
+// The encoder box's vendor library: the path the environment names, else the one the settings
+// name, else the library's own name where the system finds libraries.
+QString EncoderLibraryPath() {
+    const QString fromEnvironment = qEnvironmentVariable("CORVANE_USB4_LIBRARY");
+    if (!fromEnvironment.isEmpty()) {
+        return fromEnvironment;
+    }
+    const std::string fromSettings =
+        corvane::Settings().GetValue("Software\\Corvane\\DefaultOptions", "USB4Library");
+    return fromSettings.empty() ? corvane::USB4Library::DefaultName() : QString::fromStdString(fromSettings);
+}
+
+// The arm of this run: a trajectory played on the simulated arm, the scripted demo, or the
+// vendor's box; a trajectory that cannot be read leaves the station without an arm and says why.
+std::unique_ptr<corvane::ArmStation> ChooseArm(const QString& trajectoryPath, bool demo,
+                                               std::string& problem) {
+    if (!trajectoryPath.isEmpty()) {
+        auto trajectory = std::make_shared<corvane::ArmTrajectory>();
+        std::string why;
+        if (corvane::ReadArmTrajectory(trajectoryPath.toStdString(), *trajectory, why)) {
+            return corvane::ArmStation::Playing(std::move(trajectory));
+        }
+        problem = "The arm trajectory " + trajectoryPath.toStdString() + " cannot be played: " + why + ".";
+        return std::make_unique<corvane::ArmStation>();
+    }
+    if (demo) {
+        return corvane::ArmStation::ScriptedDemo();
+    }
+    return corvane::ArmStation::WithBox(std::make_unique<corvane::USB4Library>(EncoderLibraryPath()));
 }
 
 } // namespace
@@ -54,14 +93,41 @@ int main(int argc, char** argv) {
                                   QStringLiteral("Save a picture of the main window to <file> once it is "
                                                  "shown, then quit."),
                                   QStringLiteral("file"));
+    QCommandLineOption arm(
+        QStringLiteral("arm"),
+        QStringLiteral("Play an arm trajectory (cvarm) on the simulated arm, from each HOME on."),
+        QStringLiteral("file"));
+    QCommandLineOption recordArm(
+        QStringLiteral("record-arm"),
+        QStringLiteral("Record the session with the arm as a trajectory (cvarm) <file>."),
+        QStringLiteral("file"));
+    QCommandLineOption page(QStringLiteral("page"),
+                            QStringLiteral("Open the page <name> (project, scan, check or report) as its "
+                                           "button does, gates included."),
+                            QStringLiteral("name"));
+    QCommandLineOption scanSeconds(
+        QStringLiteral("scan-seconds"),
+        QStringLiteral("With --page scan and a simulated arm: press HOME and let the arm play <seconds> "
+                       "before the screenshot."),
+        QStringLiteral("seconds"));
+    parser.addOption(page);
+    parser.addOption(scanSeconds);
     parser.addOption(demo);
     parser.addOption(office);
+    parser.addOption(arm);
+    parser.addOption(recordArm);
     parser.addOption(screenshot);
     parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("Project file to open."));
     parser.process(app);
 
     corvane::QtServices services;
     corvane::gOfficeMode = parser.isSet(office) ? 1 : 0;
+    std::string armProblem;
+    std::unique_ptr<corvane::ArmStation> station =
+        ChooseArm(parser.value(arm), parser.isSet(demo), armProblem);
+    if (parser.isSet(recordArm)) {
+        station->Record(QFileInfo(parser.value(recordArm)).absoluteFilePath().toStdString());
+    }
 
     std::unique_ptr<corvane::frmCorvane> window;
     corvane::StartupHooks hooks;
@@ -78,11 +144,15 @@ int main(int argc, char** argv) {
             corvane::gUIFontSize = 9;
         }
     };
+    hooks.connectEncoder = [&station] {
+        corvane::DAQState daq(station->Box());
+        return corvane::DAQDiscover(daq) == 1;
+    };
     hooks.fillEncoderTypeTags = [] { corvane::FillEncoderTypeTags(); };
     hooks.readDefaultOptions = [] { corvane::ReadDefaultOptions(); };
     hooks.createNewProject = [] { corvane::CreateNewProject(); };
     hooks.showMainWindow = [&] {
-        window = std::make_unique<corvane::frmCorvane>();
+        window = std::make_unique<corvane::frmCorvane>(std::move(station));
         services.prompts.SetParentWindow(window.get());
         window->show();
     };
@@ -108,8 +178,35 @@ int main(int argc, char** argv) {
         if (!QFileInfo::exists(copy) || corvane::OpenProjectFile(copy.toStdString()) != 1) {
             corvane::BuildDemoProject();
         }
+        // The demo's scan stays; the Scan page opens on a new one, ready for HOME.
+        window->ScanPage().StartOnNewScan();
     }
     window->Files().ShowNewProject();
+    if (!armProblem.empty()) {
+        corvane::Prompts().MessageBox(armProblem, corvane::MsgBox::Exclamation, corvane::gAppTitle);
+    }
+    if (parser.isSet(page)) {
+        const QStringList names{QStringLiteral("project"), QStringLiteral("scan"), QStringLiteral("check"),
+                                QStringLiteral("report")};
+        const int index = static_cast<int>(names.indexOf(parser.value(page).toLower()));
+        if (index < 0) {
+            std::fprintf(stderr, "corvane: unknown page %s (project, scan, check or report)\n",
+                         qPrintable(parser.value(page)));
+            return 2;
+        }
+        window->Navigator().Open(index);
+    }
+    if (parser.isSet(scanSeconds) && window->ActivePage() == corvane::frmCorvane::PageScan) {
+        // The simulated arm's clock runs 10 ms a tick: the ticks are played here at once, so the
+        // picture shows the same moment of the scan on every machine.
+        const int ticks = static_cast<int>(parser.value(scanSeconds).toDouble() * 100);
+        QTimer::singleShot(300, &app, [&window, ticks] {
+            window->ScanPage().PressScanButton();
+            for (int i = 0; i < ticks; ++i) {
+                window->ScanPage().Tick();
+            }
+        });
+    }
     if (parser.isSet(screenshot)) {
         // What the screen shows of the window (a real grab from the display server), after the
         // event loop has had time to lay out and paint it; the window's own rendering where the

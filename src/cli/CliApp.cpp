@@ -5,7 +5,11 @@
 #include "cli/EvaluateCommand.h"
 #include "cli/EvaluateOptions.h"
 #include "cli/ExportPPPCommand.h"
+#include "cli/GraphCommand.h"
+#include "cli/ImportHaleCommand.h"
 #include "cli/InfoCommand.h"
+#include "cli/ScanCommand.h"
+#include "cli/SimulateArmCommand.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
 #include "support/MemorySettingsStore.h"
@@ -27,8 +31,8 @@ std::string ValueText(const CLI::Option& option) {
     return type.empty() ? "" : " " + type;
 }
 
-// A command as it is typed: its arguments, then each option with the value it takes in
-// brackets; options that exclude each other share one bracket, split by |.
+// A command as it is typed: its arguments, then each option with the value it takes, in
+// brackets unless it is required; options that exclude each other share one bracket, split by |.
 std::vector<std::string> ArgumentWords(const CLI::App& command) {
     std::vector<std::string> words;
     const auto options = command.get_options();
@@ -40,12 +44,18 @@ std::vector<std::string> ArgumentWords(const CLI::App& command) {
     for (const CLI::Option* option : options) {
         if (option->get_positional() || option == command.get_help_ptr())
             continue;
+        // A required option is typed by its short name and stands without brackets.
+        if (option->get_required() && !option->get_snames().empty()) {
+            words.push_back("-" + option->get_snames().front() + ValueText(*option));
+            previous = option;
+            continue;
+        }
         const std::string text = option->get_name() + ValueText(*option);
         const auto excludes = option->get_excludes();
         if (previous && std::find(excludes.begin(), excludes.end(), previous) != excludes.end())
             words.back().insert(words.back().size() - 1, " | " + text);
         else
-            words.push_back("[" + text + "]");
+            words.push_back(option->get_required() ? text : "[" + text + "]");
         previous = option;
     }
     return words;
@@ -165,7 +175,49 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
     exportPPP->add_option("PROJECT", exportProject, "the cvpj project")->required();
     exportPPP->add_option("OUT.ppp", exportPath, "the ppp file to write")->required();
 
-    for (CLI::App* command : {info, demo, evaluate, exportPPP})
+    ScanOptions scanOptions;
+    CLI::App* scan = app.add_subcommand(
+        "scan", "add a scan to a project, measured by the simulated arm playing a trajectory");
+    scan->add_option("PROJECT", scanOptions.projectPath, "the cvpj project")->required();
+    scan->add_option("--arm", scanOptions.armPath, "the arm trajectory to play (cvarm)")
+        ->type_name("TRAJECTORY.cvarm")
+        ->required();
+    scan->add_option("--calibration", scanOptions.calibrationPath,
+                     "the arm's calibration (cvst); without it the settings' defaults")
+        ->type_name("FILE.cvst");
+    scan->add_option("-o,--out", scanOptions.outPath, "the project file to write, with the new scan")
+        ->type_name("OUT.cvpj")
+        ->required();
+
+    std::string simulateProject, simulateOut, simulateCalibration;
+    CLI::App* simulateArm = app.add_subcommand(
+        "simulate-arm", "write the arm trajectory of a scripted scan of the project's propeller");
+    simulateArm->add_option("PROJECT", simulateProject, "the cvpj project")->required();
+    simulateArm->add_option("-o,--out", simulateOut, "the trajectory file to write")
+        ->type_name("TRAJECTORY.cvarm")
+        ->required();
+    simulateArm
+        ->add_option("--calibration", simulateCalibration,
+                     "the arm's calibration (cvst); without it the settings' defaults")
+        ->type_name("FILE.cvst");
+
+    std::string halePath, haleProject;
+    CLI::App* importHale =
+        app.add_subcommand("import-hale", "a Hale MRI measuring machine's file as a new project of one scan");
+    importHale->add_option("FILE", halePath, "the Hale MRI text file")->required();
+    importHale->add_option("-o,--output", haleProject, "the project file to write")
+        ->type_name("OUT.cvpj")
+        ->required();
+
+    std::vector<CLI::App*> commands{info, demo, evaluate, exportPPP, importHale, scan, simulateArm};
+#if CORVANE_CLI_GRAPHS
+    GraphCommandOptions graphOptions;
+    CLI::App* graph = app.add_subcommand(
+        "graph", "draw a view of the checked scan (as CHECK shows it) into a png, svg or pdf");
+    AddGraphOptions(*graph, graphOptions);
+    commands.push_back(graph);
+#endif
+    for (CLI::App* command : commands)
         command->group("Commands");
 
     if (args.empty()) {
@@ -188,6 +240,16 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         return RunDemo(demoPath, demoPoints, out, err);
     if (evaluate->parsed())
         return RunEvaluate(evaluateOptions, out, err);
+    if (scan->parsed())
+        return RunScan(scanOptions, out, err);
+    if (simulateArm->parsed())
+        return RunSimulateArm(simulateProject, simulateOut, simulateCalibration, out, err);
+    if (importHale->parsed())
+        return RunImportHale(halePath, haleProject, out, err);
+#if CORVANE_CLI_GRAPHS
+    if (graph->parsed())
+        return RunGraph(graphOptions, out, err);
+#endif
     return RunExportPPP(exportProject, exportPath, out, err);
 }
 

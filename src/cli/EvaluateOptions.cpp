@@ -68,7 +68,7 @@ CLI::Option* AddChoice(CLI::App& command, const std::string& name, const std::ve
 
 } // namespace
 
-void AddEvaluateOptions(CLI::App& command, EvaluateOptions& options) {
+void AddEvaluateOptions(CLI::App& command, EvaluateOptions& options, bool json) {
     command.add_option("PROJECT", options.projectPath, "the cvpj project (or an older tbsc scan file)")
         ->required();
     AddChoice(command, "--hand", {"right", "left"}, options.rotationIndex,
@@ -81,7 +81,8 @@ void AddEvaluateOptions(CLI::App& command, EvaluateOptions& options) {
                 return scan.empty() ? std::string("takes a scan number or letter") : "";
             },
             ""));
-    command.add_flag("--json", options.json, "one JSON object instead of the table");
+    if (json)
+        command.add_flag("--json", options.json, "one JSON object instead of the table");
     CLI::Option* file =
         command.add_option("--reference", options.referencePath, "a cvrf or ppp file as the reference")
             ->type_name("FILE");

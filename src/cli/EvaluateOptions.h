@@ -30,7 +30,8 @@ struct EvaluateOptions {
 
 // Declares evaluate's argument and options on its command; parsing fills options and refuses,
 // with a one-line reason, an option that is unknown, lacks its value or has a value out of its
-// range, and more than one of the reference options.
-void AddEvaluateOptions(CLI::App& command, EvaluateOptions& options);
+// range, and more than one of the reference options. A command that prints no table (graph)
+// leaves --json out.
+void AddEvaluateOptions(CLI::App& command, EvaluateOptions& options, bool json = true);
 
 } // namespace corvane::cli

@@ -16,7 +16,8 @@ std::string Upper(std::string text) {
     return text;
 }
 
-// The required project fields that hold no value, by their captions on the Project page.
+} // namespace
+
 std::string MissingFields(const ProjectFieldCheck& fields) {
     std::string list;
     const auto add = [&list](bool holds, const char* name) {
@@ -30,8 +31,6 @@ std::string MissingFields(const ProjectFieldCheck& fields) {
     add(fields.innerRadius, "inner radius (1 to 39 % of R)");
     return list;
 }
-
-} // namespace
 
 bool SelectScan(const std::string& command, std::optional<std::int16_t> rotationIndex,
                 const std::string& scan, std::ostream& err, int& scanIndex) {

@@ -18,6 +18,10 @@ namespace corvane::cli {
 bool SelectScan(const std::string& command, std::optional<std::int16_t> rotationIndex,
                 const std::string& scan, std::ostream& err, int& scanIndex);
 
+// The required project fields that hold no value, by their captions on the Project page
+// ("customer, pitch"); empty when all hold.
+std::string MissingFields(const ProjectFieldCheck& fields);
+
 // false with one line on err naming the gate a check stopped at.
 bool CheckPassed(const std::string& command, const CheckOutcome& outcome, std::ostream& err);
 

@@ -72,6 +72,9 @@ public:
     void ArcLength(double& result) const;
     // The point at arc-length fraction t (0 to 1).
     void EvalAtT(double t, double& xOut, double& yOut, double& tangentOut, double& curvatureOut);
+    // The control polygon of the curve, 3 * count - 2 points: segment i is the cubic Bezier of
+    // points 3i to 3i+3. The graphs draw the curve from it.
+    const std::vector<PointDouble>& ControlPoints() const { return Control(); }
 
 private:
     void GetNextColinearSection(int from, double startTanX, double startTanY, double endTanX, double endTanY,

@@ -17,7 +17,6 @@ constexpr int kMillimetres = 3;
 constexpr double kLargePropellerDiameterM = 2.5;
 constexpr std::int16_t kStandardLarge = 0;
 constexpr std::int16_t kStandardSmall = 1;
-constexpr int kObjectNotSet = 91;
 
 // One column of the tolerance tables. Lengths in millimetres, fractions plain, angle in degrees.
 struct ToleranceColumn {

@@ -30,16 +30,9 @@ constexpr double kSizeLimitM = 0.8;
 constexpr double kSizeLimitTolerance = 0.00001;
 constexpr std::int16_t kSecondaryCriteria = 1;
 constexpr std::int16_t kClassIII = 4;
-constexpr std::int16_t kClassIa = 2;
-constexpr std::int16_t kClassI = 1;
 constexpr std::int16_t kStandardLarge = 0;
 constexpr std::int16_t kStandardSmall = 1;
-constexpr std::int16_t kSingleChannelDrop = 2;
-constexpr std::int16_t kPartial = 3;
-constexpr std::int16_t kWorstClass = 4;
 constexpr int kInnerPairRow = 6;
-// The classes tried, worst first, so that the best one passed is the last written.
-constexpr std::array<std::int16_t, 4> kClassesTried = {4, 3, 1, 0};
 
 constexpr std::array<const char*, 2> kStandardTexts = {"ISO 484-1  ", "ISO 484-2 "};
 constexpr std::array<const char*, 2> kCriteriaTexts = {"Primary", "Primary and Secondary"};

@@ -17,6 +17,7 @@
 #include "model/modReferenceSource.h"
 #include "model/modUtilities.h"
 #include "support/ErrorTail.h"
+#include "support/modErrorHandler.h"
 
 namespace corvane {
 
@@ -120,15 +121,21 @@ double SectionPitchTarget(const clsCorvane& project, int section) {
     return InterpolateLinear(std::move(knots), row);
 }
 
-// Runs one evaluator body under the handler; the body returns false to give failure without
-// an error (nothing to measure). Outputs are only written by a body that got through.
-template <class Body> std::int32_t Run(const std::string& context, Body body) {
-    ErrorTail tail(context);
-    bool ok = false;
-    if (!tail.Step([&] { ok = body(); })) {
-        return 0;
+// Runs one evaluator body under the handler, as an error tail does: Retry runs the body again,
+// any other answer gives failure. The body returns false to give failure without an error
+// (nothing to measure); outputs are only written by a body that got through. The handler's
+// context is worded only when it is needed: the evaluators run thousands of times per class
+// search and almost never fail.
+template <class Context, class Body> std::int32_t Run(const Context& context, Body body) {
+    for (;;) {
+        try {
+            return body() ? 1 : 0;
+        } catch (...) {
+            if (HandleError(context(), CurrentErrorInfo()) != Answer::Retry) {
+                return 0;
+            }
+        }
     }
-    return ok ? 1 : 0;
 }
 
 // The common shape: target and window from the reference, or the scan's value alone.
@@ -180,87 +187,95 @@ void SectionWindow(const clsCorvane& project, int scanIndex, int blade, Measure 
 
 std::int32_t EvaluatePropellerMeanPitch(const clsISO484& iso, const clsCorvane& project, int scanIndex,
                                         double& lower, double& upper, double& value) {
-    return Run("evaluating propeller mean pitch", [&] {
-        const double measured = ScanOf(project, scanIndex)->ISOPropellerPitch();
-        if (project.ReferenceSourceIndex() == kReferenceNone) {
-            Store({measured, measured, measured}, lower, upper, value);
-            return true;
-        }
-        auto reference = ReferenceOf(project);
-        const double target =
-            project.ReferenceSourceIndex() == kReferenceScan
-                ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
-                : reference->ISOPropellerPitch();
-        const double width = ApplyFloor(iso, target * iso.MeanPitchOfPropPercent(), iso.MeanPitchOfPropTol());
-        Store(Around(target, width, measured), lower, upper, value);
-        return true;
-    });
+    return Run([] { return std::string("evaluating propeller mean pitch"); },
+               [&] {
+                   const double measured = ScanOf(project, scanIndex)->ISOPropellerPitch();
+                   if (project.ReferenceSourceIndex() == kReferenceNone) {
+                       Store({measured, measured, measured}, lower, upper, value);
+                       return true;
+                   }
+                   auto reference = ReferenceOf(project);
+                   const double target =
+                       project.ReferenceSourceIndex() == kReferenceScan
+                           ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
+                           : reference->ISOPropellerPitch();
+                   const double width =
+                       ApplyFloor(iso, target * iso.MeanPitchOfPropPercent(), iso.MeanPitchOfPropTol());
+                   Store(Around(target, width, measured), lower, upper, value);
+                   return true;
+               });
 }
 
 std::int32_t EvaluateMaxDiameter(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                  double& lower, double& upper, double& value) {
-    return Run(BladeContext(blade, " max diameter"), [&] {
-        const double measured = ScanOf(project, scanIndex)->Blades(blade)->BladeDiameter();
-        if (project.ReferenceSourceIndex() == kReferenceNone) {
-            Store({measured, measured, measured}, lower, upper, value);
-            return true;
-        }
-        auto reference = ReferenceOf(project);
-        // From another scan the target is this blade's own reference diameter; the mean over
-        // the enabled blades adds that one value each time.
-        const double own = reference->Blades(blade)->BladeDiameter();
-        const double target = project.ReferenceSourceIndex() == kReferenceScan
-                                  ? MeanOverEnabled(*reference, [own](clsBlades&) { return own; })
-                                  : reference->Diameter();
-        const double width = ApplyFloor(iso, 2.0 * iso.ScrewRadiusPercent() * target, iso.ScrewRadiusTol());
-        Store(Around(target, width, measured), lower, upper, value);
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " max diameter"); },
+               [&] {
+                   const double measured = ScanOf(project, scanIndex)->Blades(blade)->BladeDiameter();
+                   if (project.ReferenceSourceIndex() == kReferenceNone) {
+                       Store({measured, measured, measured}, lower, upper, value);
+                       return true;
+                   }
+                   auto reference = ReferenceOf(project);
+                   // From another scan the target is this blade's own reference diameter; the mean over
+                   // the enabled blades adds that one value each time.
+                   const double own = reference->Blades(blade)->BladeDiameter();
+                   const double target = project.ReferenceSourceIndex() == kReferenceScan
+                                             ? MeanOverEnabled(*reference, [own](clsBlades&) { return own; })
+                                             : reference->Diameter();
+                   const double width =
+                       ApplyFloor(iso, 2.0 * iso.ScrewRadiusPercent() * target, iso.ScrewRadiusTol());
+                   Store(Around(target, width, measured), lower, upper, value);
+                   return true;
+               });
 }
 
 std::int32_t EvaluateBladeMeanPitch(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                     double& lower, double& upper, double& value) {
-    return Run(BladeContext(blade, " mean pitch"), [&] {
-        const double measured = ScanOf(project, scanIndex)->Blades(blade)->ISOBladePitch();
-        if (project.ReferenceSourceIndex() == kReferenceNone) {
-            Store({measured, measured, measured}, lower, upper, value);
-            return true;
-        }
-        auto reference = ReferenceOf(project);
-        const double target =
-            project.ReferenceSourceIndex() == kReferenceScan
-                ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
-                : FileReferenceBlade(*reference, blade).ISOBladePitch();
-        const double width =
-            ApplyFloor(iso, target * iso.MeanPitchPerBladePercent(), iso.MeanPitchPerBladeTol());
-        Store(Around(target, width, measured), lower, upper, value);
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " mean pitch"); },
+               [&] {
+                   const double measured = ScanOf(project, scanIndex)->Blades(blade)->ISOBladePitch();
+                   if (project.ReferenceSourceIndex() == kReferenceNone) {
+                       Store({measured, measured, measured}, lower, upper, value);
+                       return true;
+                   }
+                   auto reference = ReferenceOf(project);
+                   const double target =
+                       project.ReferenceSourceIndex() == kReferenceScan
+                           ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
+                           : FileReferenceBlade(*reference, blade).ISOBladePitch();
+                   const double width =
+                       ApplyFloor(iso, target * iso.MeanPitchPerBladePercent(), iso.MeanPitchPerBladeTol());
+                   Store(Around(target, width, measured), lower, upper, value);
+                   return true;
+               });
 }
 
 std::int32_t EvaluateNoseTailPitch(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                    int section, double& lower, double& upper, double& value) {
-    return Run(SectionContext(blade, section, " nose-tail pitch"), [&] {
-        const double measured = ScanOf(project, scanIndex)->Blades(blade)->Pitch(section);
-        if (project.ReferenceSourceIndex() == kReferenceNone) {
-            Store({measured, measured, measured}, lower, upper, value);
-            return true;
-        }
-        auto reference = ReferenceOf(project);
-        const double target = project.ReferenceSourceIndex() == kReferenceScan
-                                  ? SectionPitchTarget(project, section)
-                                  : FileReferenceBlade(*reference, blade).Pitch(section);
-        const double width = ApplyFloor(iso, target * iso.MeanPitchPerRadPercent() * InnerFactor(section),
-                                        iso.MeanPitchPerRadTol());
-        Store(Around(target, width, measured), lower, upper, value);
-        return true;
-    });
+    return Run([&] { return SectionContext(blade, section, " nose-tail pitch"); },
+               [&] {
+                   const double measured = ScanOf(project, scanIndex)->Blades(blade)->Pitch(section);
+                   if (project.ReferenceSourceIndex() == kReferenceNone) {
+                       Store({measured, measured, measured}, lower, upper, value);
+                       return true;
+                   }
+                   auto reference = ReferenceOf(project);
+                   const double target = project.ReferenceSourceIndex() == kReferenceScan
+                                             ? SectionPitchTarget(project, section)
+                                             : FileReferenceBlade(*reference, blade).Pitch(section);
+                   const double width =
+                       ApplyFloor(iso, target * iso.MeanPitchPerRadPercent() * InnerFactor(section),
+                                  iso.MeanPitchPerRadTol());
+                   Store(Around(target, width, measured), lower, upper, value);
+                   return true;
+               });
 }
 
 std::int32_t EvaluateLocalPitch(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                 int section, int segment, double& lower, double& upper, double& value) {
-    const std::string context =
-        SectionContext(blade, section, ", segment " + std::to_string(segment + 1) + " local pitch");
+    const auto context = [&] {
+        return SectionContext(blade, section, ", segment " + std::to_string(segment + 1) + " local pitch");
+    };
     return Run(context, [&] {
         const double measured =
             ScanOf(project, scanIndex)->Blades(blade)->Section(section)->SegmentPanelPitch(segment);
@@ -296,82 +311,88 @@ std::int32_t EvaluateLocalPitch(const clsISO484& iso, const clsCorvane& project,
 
 std::int32_t EvaluateChordLength(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                  int section, double& lower, double& upper, double& value) {
-    return Run(BladeContext(blade, " chord length"), [&] {
-        SectionWindow(
-            project, scanIndex, blade, [section](clsBlades& b) { return b.Chord(section); },
-            [&iso](double target) {
-                return ApplyFloor(iso, target * iso.DZRatioPercent(), iso.DZRatioTol());
-            },
-            lower, upper, value);
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " chord length"); },
+               [&] {
+                   SectionWindow(
+                       project, scanIndex, blade, [section](clsBlades& b) { return b.Chord(section); },
+                       [&iso](double target) {
+                           return ApplyFloor(iso, target * iso.DZRatioPercent(), iso.DZRatioTol());
+                       },
+                       lower, upper, value);
+                   return true;
+               });
 }
 
 std::int32_t EvaluateRakePosition(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                   int section, double& lower, double& upper, double& value) {
-    return Run(BladeContext(blade, " rake position"), [&] {
-        SectionWindow(
-            project, scanIndex, blade, [section](clsBlades& b) { return b.ISOTotalAxialRakeToBCL(section); },
-            [&](double) { return project.ReferenceDiameter() * iso.RakePercent(); }, lower, upper, value);
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " rake position"); },
+               [&] {
+                   SectionWindow(
+                       project, scanIndex, blade,
+                       [section](clsBlades& b) { return b.ISOTotalAxialRakeToBCL(section); },
+                       [&](double) { return project.ReferenceDiameter() * iso.RakePercent(); }, lower, upper,
+                       value);
+                   return true;
+               });
 }
 
 std::int32_t EvaluateBladeSpacing(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                   double& lower, double& upper, double& toPrev, double& toNext) {
-    return Run(BladeContext(blade, " spacing"), [&] {
-        const int count = project.BladeCount();
-        if (count <= 0) {
-            throw CorvaneError(ErrorNumber::DivisionByZero, "Division by zero");
-        }
-        auto scan = ScanOf(project, scanIndex);
-        const double nominal = 360.0 / count;
-        const double own = scan->Blades(blade)->ISOEffectiveBladeAngleDeg();
-        // The nearest blade `step` slots away that stands somewhere, and how many slots it is
-        // off: an unswept blade between is passed over, its gap counted.
-        auto neighbour = [&](int step, double& angle) {
-            for (int slots = 1; slots < count; ++slots) {
-                const int other = ((blade + step * slots) % count + count) % count;
-                if (other < scan->BladeCount() && HasEffectiveBladeAngle(*scan, other)) {
-                    angle = scan->Blades(other)->ISOEffectiveBladeAngleDeg();
-                    return slots;
-                }
-            }
-            angle = own;
-            return 0;
-        };
-        // Angle between two blades `slots` apart less its nominal, taken past 0/360 whichever
-        // way round it is nearer. Next-door blades keep the rule of half a spacing beyond the
-        // nominal.
-        auto deviation = [nominal](double a, double b, int slots) {
-            if (slots == 0) {
-                return 0.0;
-            }
-            const double expected = slots * nominal;
-            double d = Wrap360(MaxDouble(a, b) - MinDouble(a, b));
-            const bool otherWay = slots == 1 ? d > kSpacingWrapFactor * nominal
-                                             : std::fabs(360.0 - d - expected) < std::fabs(d - expected);
-            if (otherWay) {
-                d = Wrap360(MinDouble(a, b) - MaxDouble(a, b));
-            }
-            return d - expected;
-        };
-        double prevAngle = 0.0;
-        double nextAngle = 0.0;
-        const int prevSlots = neighbour(-1, prevAngle);
-        const int nextSlots = neighbour(1, nextAngle);
-        const double dPrev = deviation(prevAngle, own, prevSlots);
-        const double dNext = deviation(nextAngle, own, nextSlots);
-        toPrev = dPrev;
-        toNext = dNext;
-        if (project.ReferenceSourceIndex() == kReferenceNone) {
-            lower = upper = (dPrev - dNext) / 2.0;
-        } else {
-            lower = -iso.AngDeviationTol();
-            upper = iso.AngDeviationTol();
-        }
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " spacing"); },
+               [&] {
+                   const int count = project.BladeCount();
+                   if (count <= 0) {
+                       throw CorvaneError(ErrorNumber::DivisionByZero, "Division by zero");
+                   }
+                   auto scan = ScanOf(project, scanIndex);
+                   const double nominal = 360.0 / count;
+                   const double own = scan->Blades(blade)->ISOEffectiveBladeAngleDeg();
+                   // The nearest blade `step` slots away that stands somewhere, and how many slots it is
+                   // off: an unswept blade between is passed over, its gap counted.
+                   auto neighbour = [&](int step, double& angle) {
+                       for (int slots = 1; slots < count; ++slots) {
+                           const int other = ((blade + step * slots) % count + count) % count;
+                           if (other < scan->BladeCount() && HasEffectiveBladeAngle(*scan, other)) {
+                               angle = scan->Blades(other)->ISOEffectiveBladeAngleDeg();
+                               return slots;
+                           }
+                       }
+                       angle = own;
+                       return 0;
+                   };
+                   // Angle between two blades `slots` apart less its nominal, taken past 0/360 whichever
+                   // way round it is nearer. Next-door blades keep the rule of half a spacing beyond the
+                   // nominal.
+                   auto deviation = [nominal](double a, double b, int slots) {
+                       if (slots == 0) {
+                           return 0.0;
+                       }
+                       const double expected = slots * nominal;
+                       double d = Wrap360(MaxDouble(a, b) - MinDouble(a, b));
+                       const bool otherWay = slots == 1
+                                                 ? d > kSpacingWrapFactor * nominal
+                                                 : std::fabs(360.0 - d - expected) < std::fabs(d - expected);
+                       if (otherWay) {
+                           d = Wrap360(MinDouble(a, b) - MaxDouble(a, b));
+                       }
+                       return d - expected;
+                   };
+                   double prevAngle = 0.0;
+                   double nextAngle = 0.0;
+                   const int prevSlots = neighbour(-1, prevAngle);
+                   const int nextSlots = neighbour(1, nextAngle);
+                   const double dPrev = deviation(prevAngle, own, prevSlots);
+                   const double dNext = deviation(nextAngle, own, nextSlots);
+                   toPrev = dPrev;
+                   toNext = dNext;
+                   if (project.ReferenceSourceIndex() == kReferenceNone) {
+                       lower = upper = (dPrev - dNext) / 2.0;
+                   } else {
+                       lower = -iso.AngDeviationTol();
+                       upper = iso.AngDeviationTol();
+                   }
+                   return true;
+               });
 }
 
 bool TakesPartInSpacing(const clsCorvane& project, int scanIndex, int blade) {
@@ -382,39 +403,41 @@ bool TakesPartInSpacing(const clsCorvane& project, int scanIndex, int blade) {
 std::int32_t EvaluateLEPosition(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                 int section, double& lower, double& upper, double& value, double& lowerLen,
                                 double& upperLen, double& valueLen) {
-    return Run(BladeContext(blade, " leading edge arc length and position"), [&] {
-        auto scanBlade = ScanOf(project, scanIndex)->Blades(blade);
-        const bool leftHand = project.RotationIndex() != 0;
-        const double diameter = project.MarkedDiameter();
-        const double radius = scanBlade->RadialPos(section) * diameter / 2.0;
-        const double arc = LEArc(*scanBlade, section, diameter, leftHand);
-        const double phi = Atan2YX(scanBlade->Pitch(section), 2.0 * gPi * radius) / gDegToRad;
-        if (phi == 0.0) {
-            return false; // a flat section has no helix to measure along
-        }
-        const double cosPhi = std::cos(phi * gDegToRad);
-        Window w{arc, arc, arc};
-        if (project.ReferenceSourceIndex() != kReferenceNone) {
-            auto refBlade = ReferenceOf(project)->Blades(blade);
-            const double target = project.ReferenceSourceIndex() == kReferenceScan
-                                      ? refBlade->Section(section)->ISOLEArcLengthPerSection()
-                                      : LEArc(*refBlade, section, diameter, leftHand);
-            if (project.BladeCount() <= 0) {
-                throw CorvaneError(ErrorNumber::DivisionByZero, "Division by zero");
-            }
-            // Here the absolute tolerance is a ceiling, in both standards.
-            double width = project.ReferenceDiameter() / project.BladeCount() * iso.DZRatioPercent();
-            if (width > iso.DZRatioTol()) {
-                width = iso.DZRatioTol();
-            }
-            w = Around(target, 2.0 * width, arc);
-        }
-        Store(w, lower, upper, value);
-        lowerLen = w.lower / cosPhi;
-        upperLen = w.upper / cosPhi;
-        valueLen = w.value / cosPhi;
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " leading edge arc length and position"); },
+               [&] {
+                   auto scanBlade = ScanOf(project, scanIndex)->Blades(blade);
+                   const bool leftHand = project.RotationIndex() != 0;
+                   const double diameter = project.MarkedDiameter();
+                   const double radius = scanBlade->RadialPos(section) * diameter / 2.0;
+                   const double arc = LEArc(*scanBlade, section, diameter, leftHand);
+                   const double phi = Atan2YX(scanBlade->Pitch(section), 2.0 * gPi * radius) / gDegToRad;
+                   if (phi == 0.0) {
+                       return false; // a flat section has no helix to measure along
+                   }
+                   const double cosPhi = std::cos(phi * gDegToRad);
+                   Window w{arc, arc, arc};
+                   if (project.ReferenceSourceIndex() != kReferenceNone) {
+                       auto refBlade = ReferenceOf(project)->Blades(blade);
+                       const double target = project.ReferenceSourceIndex() == kReferenceScan
+                                                 ? refBlade->Section(section)->ISOLEArcLengthPerSection()
+                                                 : LEArc(*refBlade, section, diameter, leftHand);
+                       if (project.BladeCount() <= 0) {
+                           throw CorvaneError(ErrorNumber::DivisionByZero, "Division by zero");
+                       }
+                       // Here the absolute tolerance is a ceiling, in both standards.
+                       double width =
+                           project.ReferenceDiameter() / project.BladeCount() * iso.DZRatioPercent();
+                       if (width > iso.DZRatioTol()) {
+                           width = iso.DZRatioTol();
+                       }
+                       w = Around(target, 2.0 * width, arc);
+                   }
+                   Store(w, lower, upper, value);
+                   lowerLen = w.lower / cosPhi;
+                   upperLen = w.upper / cosPhi;
+                   valueLen = w.value / cosPhi;
+                   return true;
+               });
 }
 
 std::int32_t EvaluateDeltaRake(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
@@ -425,36 +448,39 @@ std::int32_t EvaluateDeltaRake(const clsISO484& iso, const clsCorvane& project, 
         EvaluateRakePosition(iso, project, scanIndex, blade, sectionB, lowerB, upperB, rakeB) != 1) {
         return 0;
     }
-    return Run(BladeContext(blade, " delta rake"), [&] {
-        auto scanBlade = ScanOf(project, scanIndex)->Blades(blade);
-        const double measured = rakeA - rakeB;
-        const double where = (scanBlade->RadialPos(sectionA) + scanBlade->RadialPos(sectionB)) / 2.0;
-        if (project.ReferenceSourceIndex() == kReferenceNone) {
-            Store({measured, measured, measured}, lower, upper, value);
-        } else {
-            const double target = (lowerA + upperA) / 2.0 - (lowerB + upperB) / 2.0;
-            Store(Around(target, project.ReferenceDiameter() * iso.RakePercent(), measured), lower, upper,
-                  value);
-        }
-        position = where;
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " delta rake"); },
+               [&] {
+                   auto scanBlade = ScanOf(project, scanIndex)->Blades(blade);
+                   const double measured = rakeA - rakeB;
+                   const double where =
+                       (scanBlade->RadialPos(sectionA) + scanBlade->RadialPos(sectionB)) / 2.0;
+                   if (project.ReferenceSourceIndex() == kReferenceNone) {
+                       Store({measured, measured, measured}, lower, upper, value);
+                   } else {
+                       const double target = (lowerA + upperA) / 2.0 - (lowerB + upperB) / 2.0;
+                       Store(Around(target, project.ReferenceDiameter() * iso.RakePercent(), measured), lower,
+                             upper, value);
+                   }
+                   position = where;
+                   return true;
+               });
 }
 
 std::int32_t EvaluatePitchContinuity(const clsISO484& iso, const clsCorvane& project, int scanIndex,
                                      int blade, int section, int station, bool& bothOK, bool& sumOK,
                                      bool& diffOK) {
-    return Run(BladeContext(blade, " pitch continuity"), [&] {
-        auto s = ScanOf(project, scanIndex)->Blades(blade)->Section(section);
-        const double sum = s->SegmentOffsetDeviationSum(station);
-        const double diff = s->SegmentOffsetDeviationDiff(station);
-        const double limit = iso.LocalPitchPercent();
-        const bool none = project.ReferenceSourceIndex() == kReferenceNone;
-        sumOK = none || std::fabs(sum) <= limit;
-        diffOK = none || std::fabs(diff) <= limit;
-        bothOK = sumOK && diffOK;
-        return true;
-    });
+    return Run([&] { return BladeContext(blade, " pitch continuity"); },
+               [&] {
+                   auto s = ScanOf(project, scanIndex)->Blades(blade)->Section(section);
+                   const double sum = s->SegmentOffsetDeviationSum(station);
+                   const double diff = s->SegmentOffsetDeviationDiff(station);
+                   const double limit = iso.LocalPitchPercent();
+                   const bool none = project.ReferenceSourceIndex() == kReferenceNone;
+                   sumOK = none || std::fabs(sum) <= limit;
+                   diffOK = none || std::fabs(diff) <= limit;
+                   bothOK = sumOK && diffOK;
+                   return true;
+               });
 }
 
 } // namespace corvane

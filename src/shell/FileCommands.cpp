@@ -1,5 +1,6 @@
 #include "shell/FileCommands.h"
 
+#include "files/modHaleMRIFile.h"
 #include "files/modProjectFile.h"
 #include "files/modTesselbyFile.h"
 #include "library/modLibraryOpen.h"
@@ -145,11 +146,6 @@ void FileCommands::mnuFileImport_Click() {
         return;
     }
     const int type = dialog.FilterIndex;
-    if (type == kImportHaleMRI) {
-        // Said before anything is replaced, so the open project stays as it was.
-        SayNotAvailableYet("Importing Hale MRI files");
-        return;
-    }
     SetWaitCursor(true);
     CreateNewProject();
     window_.ProjectPage().CheckProjectData(true);
@@ -158,6 +154,8 @@ void FileCommands::mnuFileImport_Click() {
         read = ReadProjectFile(dialog.FileName);
     } else if (type == kImportTesselby && !OfficeMode()) {
         read = ReadTesselbyFile(dialog.FileName);
+    } else if (type == kImportHaleMRI && !OfficeMode()) {
+        read = ImportHaleMRIFile(dialog.FileName, *gProject, *gISO484);
     }
     ShowNotices(read.notices);
     if (!read.Usable()) {

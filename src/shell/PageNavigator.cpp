@@ -7,6 +7,7 @@
 #include "shell/CheckPageController.h"
 #include "shell/MainToolStrip.h"
 #include "shell/ProjectPageController.h"
+#include "shell/ScanPageController.h"
 #include "shell/frmCorvane.h"
 
 #include <QStackedWidget>
@@ -58,6 +59,8 @@ GateOutcome PageNavigator::PassGates(PageGate gate) {
     request.forReport = gate == PageGate::Report;
     // Coming from the Check page the report takes the results that page shows.
     request.recalculate = !(request.forReport && current_ == frmCorvane::PageCheck);
+    // While the box runs, the arm turns with the scan into the frame of blade 0.
+    request.liveArm = window_.ScanPage().LiveArm();
     switch (RunCheck(*gProject, *gISO484, request).stop) {
     case CheckStop::ProjectData:
         return GateOutcome::ToProjectPage;

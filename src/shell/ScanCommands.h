@@ -1,11 +1,7 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 namespace corvane {
 
-class clsSection;
 class frmCorvane;
 
 // The letters a scan goes by: ScanID 0 to 25 "A" to "Z", up to 701 two letters ("AA" for 26),
@@ -30,8 +26,6 @@ public:
 private:
     // The Scan page is shown, not minimised, and the station scans.
     bool ScanPageWorking() const;
-    // The section the arm fills now: active scan, blade and radius; null when there is none.
-    std::shared_ptr<clsSection> ActiveSection() const;
     void ScanModeChanged();
 
     frmCorvane& window_;

@@ -8,6 +8,7 @@
 #include "shell/PageNavigator.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
+#include "shell/frmReferenceEditor.h"
 #include "support/Services.h"
 
 #include <QDesktopServices>
@@ -47,7 +48,8 @@ void ToolsCommands::mnuToolsOpenReferencePage_Click() {
 }
 
 void ToolsCommands::mnuToolsReferenceEditor_Click() {
-    SayNotAvailableYet("The custom reference editor");
+    frmReferenceEditor editor(&window_);
+    editor.exec();
 }
 
 void ToolsCommands::mnuToolsSettings_Click() {

@@ -1,5 +1,6 @@
 #include "shell/frmCorvane.h"
 
+#include "acquisition/ArmStation.h"
 #include "files/modLockFile.h"
 #include "files/modProjectCommands.h"
 #include "model/Globals.h"
@@ -16,6 +17,7 @@
 #include "shell/ToolsCommands.h"
 #include "shell/Twips.h"
 #include "shell/frmPageProject.h"
+#include "shell/frmPageScan.h"
 #include "support/ErrorTail.h"
 #include "support/Services.h"
 #include "support/modErrorHandler.h"
@@ -53,7 +55,8 @@ QSettings PlacementSettings() {
 
 } // namespace
 
-frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
+frmCorvane::frmCorvane(std::unique_ptr<ArmStation> arm, QWidget* parent)
+    : QMainWindow(parent), arm_(arm ? std::move(arm) : std::make_unique<ArmStation>()) {
     setObjectName(QStringLiteral("frmCorvane"));
     ErrorTail tail("loading main interface");
     tail.Step([this] { PlaceWindow(); });
@@ -76,7 +79,7 @@ frmCorvane::frmCorvane(QWidget* parent) : QMainWindow(parent) {
         setCentralWidget(central);
 
         projectPage_ = std::make_unique<ProjectPageController>(*this);
-        scanPage_ = std::make_unique<ScanPageController>(*this);
+        scanPage_ = std::make_unique<ScanPageController>(*this, *arm_);
         checkPage_ = std::make_unique<CheckPageController>(*this);
         reportPage_ = std::make_unique<ReportPageController>(*this);
         // In the order of PageIndex, which is the order of the page buttons.
@@ -113,6 +116,9 @@ frmCorvane::~frmCorvane() {
     // out may reach the window. The menus hold references into the command objects.
     if (projectPage_) {
         projectPage_->Page()->disconnect();
+    }
+    if (scanPage_) {
+        scanPage_->Page()->disconnect();
     }
     if (toolStrip_ != nullptr) {
         toolStrip_->disconnect(this);
@@ -237,29 +243,55 @@ void frmCorvane::mnuFileViewArchive_Click() {
     files_->mnuFileViewArchive_Click();
 }
 
-void frmCorvane::AcquireInitialize() {
+int frmCorvane::AcquireInitialize() {
     if (tmrAcquire_ == nullptr) {
         tmrAcquire_ = new QTimer(this);
         tmrAcquire_->setObjectName(QStringLiteral("tmrAcquire"));
         tmrAcquire_->setInterval(kAcquireIntervalMs);
+        connect(tmrAcquire_, &QTimer::timeout, this, [this] {
+            if (scanPage_) {
+                scanPage_->Tick();
+            }
+        });
     }
-    // The timer starts with the acquisition loop, which reads the arm at each tick.
-    acquisitionRunning_ = false;
+    const int result = scanPage_ ? scanPage_->AcquireInitialize() : 0;
+    FollowAcquisitionTimer();
+    return result;
 }
 
-void frmCorvane::ResetDropCounter() {}
+int frmCorvane::ResetDropCounter() {
+    const int result = scanPage_ ? scanPage_->ResetDropCounter() : 0;
+    FollowAcquisitionTimer();
+    return result;
+}
 
-void frmCorvane::AcquireStartRecord() {}
+void frmCorvane::FollowAcquisitionTimer() {
+    if (tmrAcquire_ != nullptr && scanPage_ && scanPage_->Workflow().TickRunning() &&
+        !tmrAcquire_->isActive()) {
+        tmrAcquire_->start();
+    }
+}
+
+bool frmCorvane::AcquisitionRunning() const {
+    return scanPage_ && scanPage_->Workflow().Recording();
+}
+
+void frmCorvane::AcquireStartRecord() {
+    if (scanPage_) {
+        scanPage_->AcquireStartRecord();
+    }
+}
 
 void frmCorvane::AcquireStopRecord() {
-    acquisitionRunning_ = false;
+    if (scanPage_) {
+        scanPage_->AcquireStopRecord();
+    }
 }
 
 void frmCorvane::AcquireShutdown() {
-    if (tmrAcquire_ != nullptr) {
-        tmrAcquire_->stop();
+    if (scanPage_) {
+        scanPage_->AcquireShutdown();
     }
-    acquisitionRunning_ = false;
 }
 
 void frmCorvane::closeEvent(QCloseEvent* event) {

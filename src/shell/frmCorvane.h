@@ -1,5 +1,7 @@
 #pragma once
 
+#include "acquisition/ArmStation.h"
+
 #include <QMainWindow>
 
 #include <array>
@@ -32,7 +34,8 @@ class frmCorvane : public QMainWindow {
 public:
     enum PageIndex { PageProject = 0, PageScan = 1, PageCheck = 2, PageReport = 3 };
 
-    explicit frmCorvane(QWidget* parent = nullptr);
+    // arm: the station's measuring arm (the vendor's box, or a simulated one); none without.
+    explicit frmCorvane(std::unique_ptr<ArmStation> arm = nullptr, QWidget* parent = nullptr);
     ~frmCorvane() override;
 
     // Asks to save a changed project: Yes saves, and the answer goes back; 2 (Cancel) stops
@@ -78,10 +81,11 @@ public:
     void mnuFileViewArchive_Click();
     int mnuFileSave_Click();
 
-    // Acquisition of the measuring arm. Only the timer exists yet; the rest arrives with the
-    // acquisition loop.
-    void AcquireInitialize();
-    void ResetDropCounter();
+    // Acquisition of the measuring arm (the Scan page's workflow does the work). The timer starts
+    // once the box was found and programmed, and then runs for the life of the window; its tick
+    // reads the arm while the Scan page is open.
+    int AcquireInitialize();
+    int ResetDropCounter();
     void AcquireStartRecord();
     void AcquireStopRecord();
     void AcquireShutdown();
@@ -96,7 +100,8 @@ public:
     int ActivePage() const;
     int BladeViewMode() const { return bladeViewMode_; }
     void SetBladeViewMode(int mode) { bladeViewMode_ = mode; }
-    bool AcquisitionRunning() const { return acquisitionRunning_; }
+    bool AcquisitionRunning() const;
+    ArmStation& Arm() const { return *arm_; }
     QWidget* PageWidget(int page) const;
 
     PageNavigator& Navigator() const { return *navigator_; }
@@ -128,14 +133,17 @@ private:
     // The tool strip's click actions when unlocked on the page now open.
     void SetBladeClickActions();
 
+    // Starts the acquisition timer when the workflow's tick runs.
+    void FollowAcquisitionTimer();
+
     int bladeViewMode_ = 1;
-    bool acquisitionRunning_ = false;
     std::array<bool, 7> bladePressed_{};
 
     MainToolStrip* toolStrip_ = nullptr;
     QStackedWidget* pages_ = nullptr;
     QLabel* lblFileName_ = nullptr;
     QTimer* tmrAcquire_ = nullptr;
+    std::unique_ptr<ArmStation> arm_;
     std::unique_ptr<ProjectPageController> projectPage_;
     std::unique_ptr<ScanPageController> scanPage_;
     std::unique_ptr<CheckPageController> checkPage_;

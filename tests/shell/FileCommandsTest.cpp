@@ -169,12 +169,17 @@ TEST_F(FileCommandsTest, ImportOffersTheTypesOfTheStationAndReadsAProjectFile) {
     EXPECT_EQ(gProject->Customer(), "Harbour Ferries"); // cancelled: nothing replaced
 }
 
-TEST_F(FileCommandsTest, ImportOfABrokenFileSaysSoAndHaleMRIIsNotAvailableYet) {
+TEST_F(FileCommandsTest, ImportReadsAHaleMRIFileIntoANewProjectAndSaysWhenAFileIsBroken) {
     FillRequiredFields();
-    dialogs.Choose(temp->File("scan.txt"), 2);
-    prompts.Expect(Answer::OK, "Importing Hale MRI files is not available yet.");
+    const std::string hale = temp->File("scan.txt");
+    std::ofstream(hale)
+        << "H,Ferry Co,,M,40,36,R,,,J,,1/2/2025,,S,,,I,,,,,Mk,FERRY-1,Br\n1,95,1,2\n10.0,.5\n20.0,.5\n";
+    dialogs.Choose(hale, 2);
     window->mnuFileImport_Click();
-    EXPECT_EQ(gProject->ProjectID(), "TUG-0417");
+    EXPECT_EQ(gProject->ProjectID(), "FERRY-1");
+    ASSERT_EQ(gProject->PropellerScanCount(), 1);
+    EXPECT_EQ(gProject->PropellerScan(0)->Blades(0)->Section(0)->RawOffsetCount(), 2);
+    EXPECT_EQ(Title(), "Corvane [Shop] - FERRY-1 - Ferry Co");
 
     const std::string broken = temp->File("broken.cvpj");
     std::ofstream(broken) << "[Project]\nCustomer=Half a file\n";

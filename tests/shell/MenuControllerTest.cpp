@@ -1,11 +1,16 @@
 #include "WindowTestSupport.h"
 
 #include "acquisition/DemoProject.h"
+#include "model/clsBlades.h"
+#include "model/clsPropeller.h"
+#include "model/clsSection.h"
 #include "shell/ScanCommands.h"
 #include "shell/ToolsCommands.h"
 
 #include <QKeySequence>
 #include <QMenu>
+
+#include <fstream>
 
 #include <tuple>
 
@@ -140,6 +145,37 @@ TEST_F(MenuControllerTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
     EXPECT_EQ(section->RawOffsetCount(), 0);
     EXPECT_TRUE(gProjectDirty);
     window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
+}
+
+TEST_F(MenuControllerTest, CommandsOfLaterWorkSayTheyAreNotAvailable) {
+    UseDemoScans(1);
+    window->ctlScanButton_Click();
+    prompts.Expect(Answer::OK, "The settings dialog is not available yet.");
+    Entry("mnuToolsSettings")->trigger();
+    EXPECT_EQ(prompts.History().back().title, "Corvane");
+}
+
+TEST_F(MenuControllerTest, ImportingAScanAddsItAfterSayingHowTheFileDiffers) {
+    UseDemoScans(1);
+    window->ctlScanButton_Click();
+    const std::string hale = temp->File("other.txt");
+    std::ofstream(hale) << "H,C,,M,42,36,L,,,J,,1/2/2025,,S,,,I,,,,,Mk,P,Br\r\n2,95,1,2,95,3,4\r\n"
+                        << "10.0,0.5\r\n20.0,0.5\r\n102\r\n10.0,0.5\r\n20.0,0.5\r\n102\r\n";
+    dialogs.Choose(hale);
+    prompts.Expect(Answer::OK, " File has propeller diameter of 42 But a diameter of 40 is required \r\n"
+                               " File has propeller Blade count Of 2 But 4 blades are required \r\n"
+                               " File has propeller with Left hand rotation, But a propeller with Right hand "
+                               "rotation is required ");
+    Entry("mnuScanHistoryImport")->trigger();
+    EXPECT_EQ(dialogs.requests.back().filters.at(0).description, "Hale MRI (*.txt)");
+    ASSERT_EQ(gProject->PropellerScanCount(), 2);
+    EXPECT_EQ(gProject->ActiveScanIndex(), 1);
+    const auto scan = gProject->PropellerScan(1);
+    EXPECT_EQ(scan->ScanID(), 1);
+    EXPECT_EQ(scan->BladeCount(), 4);
+    EXPECT_EQ(scan->Blades(1)->Section(0)->RawOffsetCount(), 2);
+    EXPECT_EQ(scan->Blades(2)->SectionCount(), 8);
+    EXPECT_TRUE(gProjectDirty);
 }
 
 TEST_F(MenuControllerTest, ReferencePanelWithoutScansDropsTheReference) {

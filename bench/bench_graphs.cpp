@@ -1,0 +1,76 @@
+// Speed of the graphs: the top view of a heavy scan into a large image, and the scan arm frame
+// that the Scan page draws on every 10 ms tick of the acquisition timer.
+//   TopViewHeavyScan   7 blades x 8 sections x 2,000 points into 1,600 x 1,600   target <= 30 ms
+//   ScanArmFrame       arm, marker and the sweep under way on the stored ground  target <= 2 ms
+
+#include "BenchProject.h"
+#include "check/CheckRun.h"
+#include "graphs/ScanArmGraph.h"
+#include "graphs/modGraphsTop.h"
+#include "platform/render/QtDrawingSurface.h"
+
+#include <QGuiApplication>
+#include <benchmark/benchmark.h>
+
+#include <memory>
+
+namespace corvane::bench {
+namespace {
+
+// Drawing text needs Qt's application object; made once, on the offscreen platform.
+void EnsureGui() {
+    static int argc = 3;
+    static char name[] = "bench_graphs";
+    static char platform[] = "-platform";
+    static char offscreen[] = "offscreen";
+    static char* argv[] = {name, platform, offscreen, nullptr};
+    static QGuiApplication* app =
+        QCoreApplication::instance() == nullptr ? new QGuiApplication(argc, argv) : nullptr;
+    (void)app;
+}
+
+// The heavy scan, checked as CHECK checks it (no reference).
+void StartHeavyProject() {
+    StartBenchProject(BenchPropeller(7), 2000);
+    gProject->SetProjectID("BENCH");
+    gProject->SetCustomer("Bench");
+    gProject->SetMarkedPitch("2300");
+    CheckRequest request;
+    const CheckOutcome outcome = RunCheck(*gProject, *gISO484, request);
+    if (!outcome.Passed()) {
+        throw std::runtime_error("the bench scan does not pass the check");
+    }
+}
+
+void TopViewHeavyScan(benchmark::State& state) {
+    EnsureGui();
+    StartHeavyProject();
+    QtDrawingSurface surface(QSize(1600, 1600));
+    GraphRequest request{*gProject, *gISO484, 0};
+    for (auto _ : state) {
+        CreateTopGraph(surface, request);
+        surface.Finish();
+        benchmark::DoNotOptimize(surface.Raster()->constBits());
+    }
+}
+BENCHMARK(TopViewHeavyScan)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
+void ScanArmFrame(benchmark::State& state) {
+    EnsureGui();
+    StartHeavyProject();
+    QtDrawingSurface surface(QSize(800, 800));
+    ScanArmGraph graph;
+    GraphOptions options;
+    graph.Background(surface, *gProject, 0, options);
+    double angle = 0;
+    for (auto _ : state) {
+        angle += 0.5;
+        graph.Frame(surface, *gProject, 0, ArmOnGraph{angle, 1000, 3000}, 3, 4, options);
+        surface.Finish();
+        benchmark::DoNotOptimize(surface.Raster()->constBits());
+    }
+}
+BENCHMARK(ScanArmFrame)->Unit(benchmark::kMillisecond)->MeasureProcessCPUTime();
+
+} // namespace
+} // namespace corvane::bench
