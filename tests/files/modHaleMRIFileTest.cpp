@@ -1,6 +1,5 @@
 #include "common/ServicesFixture.h"
 
-#include "files/ScanDateText.h"
 #include "files/modHaleMRIFile.h"
 #include "files/modProjectCommands.h"
 #include "iso484/clsISO484.h"
@@ -34,7 +33,7 @@ std::string Section(const Points& points, const char* end = "102") {
 
 const Points kThree = {{10, 0.5}, {20, 0.75}, {30, 1.0}};
 
-class HaleImportTest : public test::ServicesTest {
+class modHaleMRIFileTest : public test::ServicesTest {
 protected:
     void SetUp() override {
         ServicesTest::SetUp();
@@ -51,7 +50,7 @@ protected:
     static clsSection& At(int blade, int row) { return *Scan().Blades(blade)->Section(row); }
 };
 
-TEST_F(HaleImportTest, PlainLayoutFillsTheHeaderTheRowsOfEachBladeAndTheInnerRadius) {
+TEST_F(modHaleMRIFileTest, PlainLayoutFillsTheHeaderTheRowsOfEachBladeAndTheInnerRadius) {
     gUnits->SetPropLengthIndex(3); // mm: every length converts from inches
     const FileReadResult read =
         Import(Header() + "2,95,1,3,90,4,6,55,7,9,30.7,10,12\r\n95,13,15,90,16,18\r\n" + Section(kThree) +
@@ -90,7 +89,7 @@ TEST_F(HaleImportTest, PlainLayoutFillsTheHeaderTheRowsOfEachBladeAndTheInnerRad
     }
 }
 
-TEST_F(HaleImportTest, TheSecondListFieldDecidesTheLayout) {
+TEST_F(modHaleMRIFileTest, TheSecondListFieldDecidesTheLayout) {
     const std::string records = "95,1,3,90,4,6,95,7,9,90,10,12";
     std::string thirteen = "1,12,95,1,3";
     for (int s = 0; s < 12; ++s) {
@@ -126,7 +125,7 @@ TEST_F(HaleImportTest, TheSecondListFieldDecidesTheLayout) {
         "8 Sections per blade, Only Data for the 8 ISO Standard Sections will be included");
 }
 
-TEST_F(HaleImportTest, MoreThanSevenBladesAreReadWithAWarningAndDropped) {
+TEST_F(modHaleMRIFileTest, MoreThanSevenBladesAreReadWithAWarningAndDropped) {
     std::string list = "8,95,1,1";
     std::string points = Section({{1, 0}});
     for (int b = 1; b < 8; ++b) {
@@ -143,7 +142,7 @@ TEST_F(HaleImportTest, MoreThanSevenBladesAreReadWithAWarningAndDropped) {
     EXPECT_DOUBLE_EQ(At(6, 0).ThetaDeg(0), 7.0); // blade 8 was read and dropped
 }
 
-TEST_F(HaleImportTest, PointsThatGoBackAreDroppedForEitherHandAndLeftHandAnglesAreMirrored) {
+TEST_F(modHaleMRIFileTest, PointsThatGoBackAreDroppedForEitherHandAndLeftHandAnglesAreMirrored) {
     const Points sweep = {{10, 1}, {20, 2}, {15, 3}, {350, 4}, {355, 5}, {0, 6}};
     for (const char* hand : {"R", "L"}) {
         ASSERT_EQ(CreateNewProject(), 1);
@@ -158,7 +157,7 @@ TEST_F(HaleImportTest, PointsThatGoBackAreDroppedForEitherHandAndLeftHandAnglesA
     }
 }
 
-TEST_F(HaleImportTest, AnEarlyEndMarkKeepsThePointsReadQuotedOrNotAndLineFeedsAlone) {
+TEST_F(modHaleMRIFileTest, AnEarlyEndMarkKeepsThePointsReadQuotedOrNotAndLineFeedsAlone) {
     std::string text = Header() + "1,95,1,5,90,6,10,80,11,15\r\n" + Section({{1, 0}, {2, 0}}) +
                        "3.0,\"102\"\r\n" + Section(kThree);
     for (char& c : text) {
@@ -171,7 +170,7 @@ TEST_F(HaleImportTest, AnEarlyEndMarkKeepsThePointsReadQuotedOrNotAndLineFeedsAl
     EXPECT_EQ(At(0, 2).ThetaDegArray(), (std::vector<double>{10, 20, 30}));
 }
 
-TEST_F(HaleImportTest, CutFilesSayWhereTheyEnd) {
+TEST_F(modHaleMRIFileTest, CutFilesSayWhereTheyEnd) {
     EXPECT_EQ(Import("H,Atlantic Tug,x\r\n").Reason(), "The file ends before its header is complete.");
     EXPECT_EQ(Import(Header() + "1,2,95,1,3,90,4").Reason(), "The file ends in its section list.");
     const FileReadResult cut = Import(Header() + "1,95,1,3,90,4,6\r\n" + Section(kThree) + "10.0,0.5\r\n");
@@ -180,21 +179,6 @@ TEST_F(HaleImportTest, CutFilesSayWhereTheyEnd) {
     EXPECT_EQ(At(0, 1).RawOffsetCount(), 1); // what was read stays
     EXPECT_EQ(ImportHaleMRIFile(temp->File("none.txt"), *gProject, *gISO484).Reason(),
               "The file cannot be read.");
-}
-
-TEST(ScanDateTextTest, DatesOfOtherMachinesBecomeScanDates) {
-    const std::pair<const char*, const char*> cases[] = {{"3/5/2024 2:30 PM", "05-Mar-2024 02:30 PM"},
-                                                         {"25/12/24", "25-Dec-2024 12:00 AM"},
-                                                         {"2024-03-05 14:30:10", "05-Mar-2024 02:30 PM"},
-                                                         {"5-mar-1999 12:05am", "05-Mar-1999 12:05 AM"}};
-    for (const auto& [text, formatted] : cases) {
-        const std::optional<DateTime> date = ParseScanDate(text);
-        ASSERT_TRUE(date.has_value()) << text;
-        EXPECT_EQ(FormatScanDate(*date), formatted) << text;
-    }
-    for (const char* wrong : {"", "yesterday", "2/30/2024", "13/13/2024", "3/5/2024 25:00"}) {
-        EXPECT_FALSE(ParseScanDate(wrong).has_value()) << wrong;
-    }
 }
 
 } // namespace

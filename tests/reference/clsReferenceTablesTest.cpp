@@ -19,7 +19,7 @@ ReferenceSectionRow Row(double pct, double pitch, std::vector<double> local) {
     return ReferenceSectionRow{pct, pct / 10.0, pct / 100.0, pct / 20.0, pitch, std::move(local), 0};
 }
 
-class ReferenceTablesTest : public test::ServicesTest {
+class clsReferenceTablesTest : public test::ServicesTest {
 protected:
     // Four sections given out of order, with cambered local pitch.
     void Fill() {
@@ -31,7 +31,7 @@ protected:
     clsReferenceTables tables;
 };
 
-TEST_F(ReferenceTablesTest, CountsHaveTheirMinimumAndAskBeforeErasingData) {
+TEST_F(clsReferenceTablesTest, CountsHaveTheirMinimumAndAskBeforeErasingData) {
     prompts.Expect(Answer::OK, "The minumum number of Sections required is 3.");
     EXPECT_EQ(tables.ChangeSectionCount("2"), 3);
     EXPECT_EQ(prompts.History().back().title, "Sections");
@@ -52,7 +52,7 @@ TEST_F(ReferenceTablesTest, CountsHaveTheirMinimumAndAskBeforeErasingData) {
     EXPECT_EQ(tables.SectionCount(), 4);
 }
 
-TEST_F(ReferenceTablesTest, RowsStaySortedFromTheTipAndAveragesTakeTheAnglesWithPi) {
+TEST_F(clsReferenceTablesTest, RowsStaySortedFromTheTipAndAveragesTakeTheAnglesWithPi) {
     Fill();
     const std::vector<double> order = {95, 70, 50, 30};
     for (std::size_t r = 0; r < order.size(); ++r) {
@@ -76,7 +76,7 @@ TEST_F(ReferenceTablesTest, RowsStaySortedFromTheTipAndAveragesTakeTheAnglesWith
     EXPECT_EQ(tables.Rows()[4].radialPct, 0);
 }
 
-TEST_F(ReferenceTablesTest, ConstantLocalPitchAsksFillsAndFollowsTheSectionPitch) {
+TEST_F(clsReferenceTablesTest, ConstantLocalPitchAsksFillsAndFollowsTheSectionPitch) {
     Fill();
     const std::string question = "Changing to constant pitch values will overwrite all local pitch values";
     prompts.Expect(Answer::No, question);
@@ -100,7 +100,7 @@ TEST_F(ReferenceTablesTest, ConstantLocalPitchAsksFillsAndFollowsTheSectionPitch
     EXPECT_NEAR(section.RawOffsetY(3), 0.0, 1e-12);
 }
 
-TEST_F(ReferenceTablesTest, DeletesAskAndNeverGoBelowThree) {
+TEST_F(clsReferenceTablesTest, DeletesAskAndNeverGoBelowThree) {
     Fill();
     prompts.Expect(Answer::Yes, "Delete section 70");
     EXPECT_TRUE(tables.DeleteSection(1));
@@ -116,7 +116,7 @@ TEST_F(ReferenceTablesTest, DeletesAskAndNeverGoBelowThree) {
     EXPECT_FALSE(tables.DeleteSegment(0));
 }
 
-TEST_F(ReferenceTablesTest, TablesRoundTripThroughCvrfAndPpp) {
+TEST_F(clsReferenceTablesTest, TablesRoundTripThroughCvrfAndPpp) {
     Fill();
     struct Trip {
         const char* name;
@@ -157,7 +157,7 @@ TEST_F(ReferenceTablesTest, TablesRoundTripThroughCvrfAndPpp) {
     EXPECT_TRUE(flat.UseConstantLocalPitch());
 }
 
-TEST_F(ReferenceTablesTest, FromScanTakesBladeZeroOfTheScansReference) {
+TEST_F(clsReferenceTablesTest, FromScanTakesBladeZeroOfTheScansReference) {
     ASSERT_EQ(BuildDemoProject(), 1);
     gProject->SetReferenceSourceIndex(1);
     gProject->SetReferenceConstantPitch(36.0);

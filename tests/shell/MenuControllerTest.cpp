@@ -147,14 +147,6 @@ TEST_F(MenuControllerTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
     window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
 }
 
-TEST_F(MenuControllerTest, CommandsOfLaterWorkSayTheyAreNotAvailable) {
-    UseDemoScans(1);
-    window->ctlScanButton_Click();
-    prompts.Expect(Answer::OK, "The settings dialog is not available yet.");
-    Entry("mnuToolsSettings")->trigger();
-    EXPECT_EQ(prompts.History().back().title, "Corvane");
-}
-
 TEST_F(MenuControllerTest, ImportingAScanAddsItAfterSayingHowTheFileDiffers) {
     UseDemoScans(1);
     window->ctlScanButton_Click();
@@ -191,8 +183,6 @@ TEST_F(MenuControllerTest, EntriesWithoutTheirFeatureSaySo) {
     gHelpFileFound = false;
     // clang-format off
     const std::vector<std::tuple<const char*, const char*, const char*>> cases = {
-        {"mnuScanHistoryAdd", "Adding a scan is not available yet.", "Corvane"},
-        {"mnuToolsReferenceEditor", "The custom reference editor is not available yet.", "Corvane"},
         {"mnuToolsSettings", "The settings dialog is not available yet.", "Corvane"},
         {"mnuHelpContents", "Corvane Help file not found.", "Corvane Help File Error"},
         {"mnuHelpAbout", "Corvane 1.", "About Corvane"}};

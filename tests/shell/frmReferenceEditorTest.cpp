@@ -17,7 +17,7 @@
 namespace corvane {
 namespace {
 
-class ReferenceEditorTest : public test::WindowTest {
+class frmReferenceEditorTest : public test::WindowTest {
 protected:
     void SetUp() override {
         WindowTest::SetUp();
@@ -60,7 +60,7 @@ protected:
     std::unique_ptr<frmReferenceEditor> editor;
 };
 
-TEST_F(ReferenceEditorTest, TypedCountsAndCellsMakeSortedTablesWithTheirMeans) {
+TEST_F(frmReferenceEditorTest, TypedCountsAndCellsMakeSortedTablesWithTheirMeans) {
     TypeReference();
     EXPECT_EQ(Get<QLineEdit>("txtSectionCount")->text(), "3");
     EXPECT_EQ(Get<QTableWidget>("dtbLocalPitchData")->columnCount(), 4);
@@ -80,7 +80,7 @@ TEST_F(ReferenceEditorTest, TypedCountsAndCellsMakeSortedTablesWithTheirMeans) {
     EXPECT_EQ(Cell("dtbLocalPitchData", 1, 1), "30.000");
 }
 
-TEST_F(ReferenceEditorTest, SaveAsNeedsAWritableFolderAndReadsBackThroughImport) {
+TEST_F(frmReferenceEditorTest, SaveAsNeedsAWritableFolderAndReadsBackThroughImport) {
     TypeReference();
     Type("txtDescription", "Tug 40 in");
     dialogs.Choose(temp->File("missing/tug.cvrf"));
@@ -106,7 +106,7 @@ TEST_F(ReferenceEditorTest, SaveAsNeedsAWritableFolderAndReadsBackThroughImport)
     EXPECT_FALSE(Get<QTableWidget>("dtbLocalPitchData")->item(0, 2)->flags() & Qt::ItemIsEditable);
 }
 
-TEST_F(ReferenceEditorTest, ClosingWithChangesAsksAndCancelKeepsTheWindow) {
+TEST_F(frmReferenceEditorTest, ClosingWithChangesAsksAndCancelKeepsTheWindow) {
     editor->show();
     TypeReference();
     prompts.Expect(Answer::Cancel, "Would you like to save the changes to the Reference File?");
@@ -116,7 +116,7 @@ TEST_F(ReferenceEditorTest, ClosingWithChangesAsksAndCancelKeepsTheWindow) {
     EXPECT_TRUE(editor->close());
 }
 
-TEST_F(ReferenceEditorTest, TheToolsMenuOpensTheEditorAndFromScanFillsItFromTheDemo) {
+TEST_F(frmReferenceEditorTest, TheToolsMenuOpensTheEditorAndFromScanFillsItFromTheDemo) {
     bool shown = false;
     QTimer::singleShot(0, [&shown] {
         if (auto* opened = qobject_cast<frmReferenceEditor*>(QApplication::activeModalWidget())) {
