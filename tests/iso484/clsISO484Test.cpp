@@ -1,4 +1,5 @@
 #include "iso484/clsISO484.h"
+#include "common/Fails.h"
 
 #include "model/CorvaneError.h"
 
@@ -6,16 +7,13 @@
 #include <gtest/gtest.h>
 
 using namespace corvane;
+using corvane::test::Fails;
 
 namespace {
 
 constexpr int kFeet = 0;
 constexpr int kInches = 2;
 constexpr int kMillimetres = 3;
-
-auto Fails(int number) {
-    return testing::Throws<CorvaneError>(testing::Property(&CorvaneError::Number, number));
-}
 
 class clsISO484Test : public testing::Test {
 protected:

@@ -1,16 +1,14 @@
 #include "model/clsCorvane.h"
+#include "common/Fails.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace corvane;
+using corvane::test::Fails;
 using testing::ElementsAre;
 
 namespace {
-
-auto Fails(int number) {
-    return testing::Throws<CorvaneError>(testing::Property(&CorvaneError::Number, number));
-}
 
 class clsCorvaneTest : public testing::Test {
 protected:

@@ -1,18 +1,12 @@
 #include "model/clsSection.h"
+#include "common/Fails.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 using namespace corvane;
+using corvane::test::Fails;
 using testing::ElementsAre;
-
-namespace {
-
-auto Fails(int number) {
-    return testing::Throws<CorvaneError>(testing::Property(&CorvaneError::Number, number));
-}
-
-} // namespace
 
 TEST(clsSectionTest, CountsResizeKeepingContent) {
     clsSection s;

@@ -1,4 +1,5 @@
 #include "model/clsUnits.h"
+#include "common/Fails.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,14 +7,7 @@
 #include "model/CorvaneError.h"
 
 using namespace corvane;
-
-namespace {
-
-auto Fails(int number) {
-    return testing::Throws<CorvaneError>(testing::Property(&CorvaneError::Number, number));
-}
-
-} // namespace
+using corvane::test::Fails;
 
 TEST(clsUnitsTest, ConvertsTargetFirstWithProjectUnitForMinusOne) {
     clsUnits u;
