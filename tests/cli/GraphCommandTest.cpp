@@ -35,7 +35,7 @@ TEST_F(GraphCommandTest, EveryViewIsWrittenInTheFormatItsNameAsksFor) {
     };
     const std::vector<Row> rows = {
         {{"--view", "top", "--constant-pitch", "36"}, "top.png", "\x89PNG"},
-        {{"--view", "pitch", "--size", "640x400"}, "pitch.svg", "<?xml"},
+        {{"--view", "pitch", "--size", "640x400"}, "pitch.SVG", "<?xml"},
         {{"--view", "pitch-summary", "--report"}, "summary.pdf", "%PDF"},
         {{"--view", "blade", "--blade", "2", "--zoom"}, "blade.png", "\x89PNG"},
         {{"--view", "radius", "--radius", "70R"}, "radius.png", "\x89PNG"},

@@ -39,10 +39,7 @@ TEST_F(ScanCommandTest, AScriptedScanOfTheIdealPropellerGivesBackItsPitchAndChor
     const CliRun scanned = Cli({"scan", project, "--arm", arm, "-o", out});
     ASSERT_EQ(scanned.code, 0) << scanned.err;
     for (const std::string& line :
-         {std::string("0.00 s  Check maximum diameter per blade."),
-          std::string("Move to a valid radius for Blade 1."),
-          std::string("Sweep to leading edge of Blade 4."), std::string("Move to trailing edge of Blade 2."),
-          "wrote " + out + ": scan A, 28 sweeps"})
+         {std::string("0.00 s  Check maximum diameter per blade."), "wrote " + out + ": scan A, 28 sweeps"})
         EXPECT_NE(scanned.out.find(line), std::string::npos) << line << "\n" << scanned.out;
 
     test::JsonValue json = test::Json(Cli({"evaluate", out, "--json"}));
