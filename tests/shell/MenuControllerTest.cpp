@@ -141,10 +141,8 @@ TEST_F(MenuControllerTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
                    "Warning! There are 6 points in the buffer. Erase the buffer and re-scan the 70R "
                    "for blade 2?");
     window->Scans().mnuScanResetBuffer_Click();
-    EXPECT_EQ(prompts.History().back().title, "Reset scan buffer");
     EXPECT_EQ(section->RawOffsetCount(), 0);
     EXPECT_TRUE(gProjectDirty);
-    window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
 }
 
 TEST_F(MenuControllerTest, ImportingAScanAddsItAfterSayingHowTheFileDiffers) {

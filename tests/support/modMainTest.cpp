@@ -37,9 +37,7 @@ TEST_F(modMainTest, ShopStationWithoutBoxFallsBackToManualEntrySilently) {
     EXPECT_TRUE(prompts.History().empty());
     EXPECT_EQ(steps, (std::vector<std::string>{"encoder", "settings", "project", "window"}));
     EXPECT_EQ(gSessionStamp, "-20261122-0905");
-    EXPECT_EQ(CompareScanIndex, -1);
     EXPECT_EQ(gActiveProbeOffset, 1.25);
-    EXPECT_EQ(gActiveProbeDrop, 0);
     EXPECT_EQ(gAppPath, temp->Folder() + "bin/");
     EXPECT_EQ(gAppDataPath, environment.appDataFolder + "Corvane Software/Corvane/");
     EXPECT_GE(events.doEventsCalls, 1);
