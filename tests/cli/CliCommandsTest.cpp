@@ -1,4 +1,5 @@
 #include "CliTestProjects.h"
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
 
 #include <fstream>
@@ -8,11 +9,6 @@ namespace {
 
 using test::Cli;
 using test::CliRun;
-
-std::string ReadAll(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 int CountLines(const std::string& text) {
     return static_cast<int>(std::count(text.begin(), text.end(), '\n'));
@@ -48,7 +44,7 @@ TEST_F(CliCommandsTest, InfoTakesTheHeaderOfAnOlderScanFileFromItsOtherBlocks) {
 TEST_F(CliCommandsTest, InfoCollectsTheReadersNotice) {
     const std::string path = temp->File("demo.cvpj");
     ASSERT_EQ(Cli({"demo", path, "--points", "3"}).code, 0);
-    std::string bytes = ReadAll(path);
+    std::string bytes = corvane::test::FileBytes(path);
     const auto at = bytes.find("ClassIndex=ClassI\r\n");
     ASSERT_NE(at, std::string::npos);
     bytes.erase(at, std::string("ClassIndex=ClassI\r\n").size());

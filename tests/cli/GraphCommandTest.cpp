@@ -1,7 +1,6 @@
 #include "CliTestProjects.h"
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
-
-#include "files/FileAccess.h"
 
 #include <gtest/gtest.h>
 
@@ -18,11 +17,6 @@ using test::WriteProject;
 class GraphCommandTest : public ::testing::Test {
 protected:
     void SetUp() override { WriteProject(project, {Ideal(36.0)}); }
-    std::string Head(const std::string& path, std::size_t n) {
-        std::string bytes;
-        EXPECT_TRUE(ReadFileBytes(path, bytes)) << path;
-        return bytes.substr(0, n);
-    }
 
     corvane::test::TempFolder temp;
     std::string project = temp.File("ideal.cvpj");
@@ -49,7 +43,7 @@ TEST_F(GraphCommandTest, EveryViewIsWrittenInTheFormatItsNameAsksFor) {
         const CliRun run = Cli(args);
         EXPECT_EQ(run.code, 0) << r.file << ": " << run.err;
         EXPECT_EQ(run.out, "wrote " + temp.File(r.file) + "\n");
-        EXPECT_EQ(Head(temp.File(r.file), r.head.size()), r.head) << r.file;
+        EXPECT_EQ(corvane::test::FileBytes(temp.File(r.file)).substr(0, r.head.size()), r.head) << r.file;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "CliTestProjects.h"
 #include "acquisition/ScriptedOperator.h"
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
@@ -7,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 
 namespace corvane::cli {
 namespace {
@@ -17,9 +17,6 @@ using test::CliRun;
 
 class ScanCommandTest : public ::testing::Test {
 protected:
-    void Write(const std::string& path, const std::string& text) {
-        std::ofstream(path, std::ios::binary) << text;
-    }
     corvane::test::TempFolder temp;
 };
 
@@ -61,9 +58,10 @@ TEST_F(ScanCommandTest, WhatCannotBeUsedIsSaidAndEndsWithTwo) {
     test::WriteProject(project, {});
     const std::string nameless = temp.File("nameless.cvpj");
     test::WriteProject(nameless, {}, {}, [] { gProject->SetCustomer(""); });
-    Write(temp.File("header.cvarm"), "time,angle\n");
-    Write(temp.File("still.cvarm"), "time_ms,angle,radius,drop,pedal\n0,0,0,0,0\n500,0,0,0,0\n");
-    Write(temp.File("broken.cvst"), "[Other]\nA=1\n");
+    corvane::test::WriteBytes(temp.File("header.cvarm"), "time,angle\n");
+    corvane::test::WriteBytes(temp.File("still.cvarm"),
+                              "time_ms,angle,radius,drop,pedal\n0,0,0,0,0\n500,0,0,0,0\n");
+    corvane::test::WriteBytes(temp.File("broken.cvst"), "[Other]\nA=1\n");
     const struct {
         std::vector<std::string> args;
         const char* reason;

@@ -26,7 +26,7 @@ TEST(FileAccessTest, ASaveReachesTheDiskOrLeavesTheFolderAsItWas) {
                 EXPECT_EQ(steps.log, (std::vector<std::string>{"write", "sync", "rename", "sync folder"}));
             }
             const std::string expected = step.empty() ? "new" : existed ? "old" : "";
-            EXPECT_EQ(fs::exists(path) ? test::ReadTextFile(path) : "", expected) << step << existed;
+            EXPECT_EQ(fs::exists(path) ? test::FileBytes(path) : "", expected) << step << existed;
             EXPECT_EQ(std::distance(fs::directory_iterator(temp.Path()), {}), expected.empty() ? 0 : 1)
                 << step;
         }

@@ -2,9 +2,6 @@
 
 #include "iso484/modISO484.h"
 
-#include <fstream>
-#include <iterator>
-
 namespace corvane::test {
 
 void MakeFreshProject() {
@@ -146,16 +143,6 @@ std::string Crlf(std::string_view text) {
     return out;
 }
 
-void WriteTextFile(const std::string& path, std::string_view bytes) {
-    std::ofstream out(path, std::ios::binary);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-}
-
-std::string ReadTextFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
 void ProjectFileTest::SetUp() {
     ServicesTest::SetUp();
     gLogFolder = temp->Folder();
@@ -164,7 +151,7 @@ void ProjectFileTest::SetUp() {
 
 std::string ProjectFileTest::Put(const std::string& name, std::string_view text) {
     const std::string path = temp->File(name);
-    WriteTextFile(path, Crlf(text));
+    WriteBytes(path, Crlf(text));
     return path;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
 #include "files/FileAccess.h"
 #include "iso484/clsISO484.h"
@@ -18,8 +19,6 @@ void FillSampleProject();
 
 // Fixture text is written with LF for reading; files hold CR LF.
 std::string Crlf(std::string_view text);
-void WriteTextFile(const std::string& path, std::string_view bytes);
-std::string ReadTextFile(const std::string& path);
 
 // The real steps of a durable write, each recorded by name in `log`; the one named `failing`
 // fails instead of running.

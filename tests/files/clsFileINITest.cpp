@@ -14,10 +14,10 @@ namespace fs = std::filesystem;
 class clsFileINITest : public test::ServicesTest {
 protected:
     std::string Put(const std::string& name, const std::string& bytes) {
-        test::WriteTextFile(temp->File(name), bytes);
+        test::WriteBytes(temp->File(name), bytes);
         return temp->File(name);
     }
-    static std::string Bytes(const std::string& path) { return test::ReadTextFile(path); }
+    static std::string Bytes(const std::string& path) { return test::FileBytes(path); }
     std::size_t FilesInFolder() const {
         const auto files = [](const fs::directory_entry& entry) { return entry.is_regular_file(); };
         return static_cast<std::size_t>(std::count_if(fs::directory_iterator(temp->Path()), {}, files));

@@ -12,10 +12,10 @@ protected:
         gLogFolder = temp->Folder();
     }
     std::string Put(const std::string& name, const std::string& bytes) {
-        test::WriteTextFile(temp->File(name), bytes);
+        test::WriteBytes(temp->File(name), bytes);
         return temp->File(name);
     }
-    static std::string Bytes(const std::string& path) { return test::ReadTextFile(path); }
+    static std::string Bytes(const std::string& path) { return test::FileBytes(path); }
     // A calibration that differs from the defaults in every member.
     static CalibrationValues Sample() {
         return {"Arm 2", 40000, 78.74, 0.5, 0, 2, 1, false, true, true, -1.5, 41.25, 250, 19685};

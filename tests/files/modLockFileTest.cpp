@@ -1,27 +1,21 @@
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
 
 #include "files/FileAccess.h"
 #include "files/modLockFile.h"
-
-#include <fstream>
 
 namespace corvane {
 namespace {
 
 class modLockFileTest : public test::ServicesTest {
 protected:
-    std::string ReadAll(const std::string& path) {
-        std::string bytes;
-        ReadFileBytes(path, bytes);
-        return bytes;
-    }
     std::string project() const { return temp->File("P1_20261122_090507.cvpj"); }
 };
 
 TEST_F(modLockFileTest, WriteNamesThisStationAndReplacesAnOldLock) {
     WriteFileAtomically(LockFilePath(project()), "UserName=someone\r\nComputerName=ELSEWHERE\r\n");
     ASSERT_EQ(WriteLockFile(project()), 1);
-    EXPECT_EQ(ReadAll(project() + ".lck"),
+    EXPECT_EQ(test::FileBytes(project() + ".lck"),
               "UserName=tech\r\nComputerName=STATION1\r\nDate=2026-11-22 09:05:07\r\n");
 
     std::string user, computer;

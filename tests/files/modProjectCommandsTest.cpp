@@ -180,7 +180,7 @@ TEST_F(modProjectCommandsTest, OpeningALockedProjectIsReadOnlyAndSaveRefuses) {
     ASSERT_EQ(SaveProject(host), 1);
     const std::string path = InLibrary(gProjectFileName);
     const std::string name = gProjectFileName;
-    const std::string saved = test::ReadTextFile(path);
+    const std::string saved = test::FileBytes(path);
 
     // Another station, with its own new project, opens it while this one holds the lock.
     gProjectFileName = "untitled.cvpj";
@@ -196,7 +196,7 @@ TEST_F(modProjectCommandsTest, OpeningALockedProjectIsReadOnlyAndSaveRefuses) {
     EXPECT_EQ(gProjectFileName, "~untitled.cvpj");
     prompts.Expect(Answer::OK, "The file is currently open in Read-Only mode.");
     EXPECT_EQ(SaveProject(host), 0);
-    EXPECT_EQ(test::ReadTextFile(path), saved);
+    EXPECT_EQ(test::FileBytes(path), saved);
 
     // Once the lock is gone the project opens for writing and takes this station's lock.
     RemoveLockFile(path);

@@ -148,12 +148,12 @@ TEST_F(modProjectFileReadTest, AnArrayOfTheWrongLengthIsDroppedWithoutAWord) {
     test::FillSampleProject();
     const std::string path = temp->File("short.cvpj");
     ASSERT_EQ(WriteProjectFile(path), 1);
-    std::string text = test::ReadTextFile(path);
+    std::string text = test::FileBytes(path);
     const std::string block = "[LeftPropeller1Blade1Section1]\r\nRawOffsetCount=3\r\n";
     const std::size_t at = text.find(block);
     ASSERT_NE(at, std::string::npos);
     text.replace(at, block.size(), "[LeftPropeller1Blade1Section1]\r\nRawOffsetCount=4\r\n");
-    test::WriteTextFile(path, text);
+    test::WriteBytes(path, text);
 
     test::MakeFreshProject();
     prompts.Expect(Answer::OK);
@@ -234,7 +234,7 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
     EXPECT_EQ(gProject->ReferenceSourceFilePath(), refPath);
 
     // A reference file that fails to read leaves the embedded copy whole.
-    test::WriteTextFile(refPath, test::Crlf("[ReferencePropeller]\nDiameter=5\n"));
+    test::WriteBytes(refPath, test::Crlf("[ReferencePropeller]\nDiameter=5\n"));
     test::MakeFreshProject();
     prompts.Expect(Answer::OK);
     ASSERT_EQ(ReadProjectShown(path), 1);
@@ -245,7 +245,7 @@ TEST_F(modProjectFileReadTest, AnExternalReferenceIsReadAgainWhenItCanBe) {
 
     // A ppp file is taken again only when it is whole.
     const std::string pppPath = temp->File("design.PPP");
-    test::WriteTextFile(pppPath, "[Prop Description]\r\nx\r\n");
+    test::WriteBytes(pppPath, "[Prop Description]\r\nx\r\n");
     test::MakeFreshProject();
     test::FillSampleProject();
     gProject->SetReferenceSourceFilePath(pppPath);

@@ -34,7 +34,7 @@ TEST_F(modProjectFileTest, WritesBlocksAndTagsInTheirOrder) {
     ASSERT_EQ(WriteProjectFile(path), 1);
     // The order of every block and tag is pinned by the shipped demo (DemoGoldenTest); here the
     // forms of values the demo does not have.
-    const std::string text = test::ReadTextFile(path);
+    const std::string text = test::FileBytes(path);
     EXPECT_EQ(text.rfind("[Project]\r\nSchemaVersion=2\r\nLastModified=2026/11/22 9:5:7\r\nSource=", 0), 0u);
     for (
         const char* expected :
@@ -50,7 +50,7 @@ TEST_F(modProjectFileTest, WritesBlocksAndTagsInTheirOrder) {
     EXPECT_TRUE(std::regex_search(text, std::regex("\nSource=Corvane \\d+\\.\\d\\d\\.\\d{4}\r\n")));
     gBuildTag = "rc2";
     ASSERT_EQ(WriteProjectFile(path), 1);
-    EXPECT_TRUE(std::regex_search(test::ReadTextFile(path),
+    EXPECT_TRUE(std::regex_search(test::FileBytes(path),
                                   std::regex("\nSource=Corvane \\d+\\.\\d\\d\\.\\d{4}\\.rc2\r\n")));
 }
 
@@ -69,7 +69,7 @@ TEST_F(modProjectFileTest, RoundTripKeepsEveryFiledMemberOfBothHands) {
     gProject->SetReferenceSourceFilePath("C:\\refs\\blue-line.cvrf");
     const std::string again = temp->File("again.cvpj");
     ASSERT_EQ(WriteProjectFile(again), 1);
-    EXPECT_EQ(test::ReadTextFile(again), test::ReadTextFile(path));
+    EXPECT_EQ(test::FileBytes(again), test::FileBytes(path));
 }
 
 TEST_F(modProjectFileTest, SavingAgainKeepsBlocksItNoLongerWritesUnread) {
@@ -80,7 +80,7 @@ TEST_F(modProjectFileTest, SavingAgainKeepsBlocksItNoLongerWritesUnread) {
     gProject->RemovePropellerScan(1);
     gProject->SetCustomer("Green Line");
     ASSERT_EQ(WriteProjectFile(path), 1);
-    const std::string text = test::ReadTextFile(path);
+    const std::string text = test::FileBytes(path);
     EXPECT_NE(text.find("[RightPropeller2Blade4Section8]"), std::string::npos);
     EXPECT_EQ(text.find("[Project]"), 0u);
 
@@ -96,7 +96,7 @@ TEST_F(modProjectFileTest, AScanReferenceWithoutAPitchIsSavedAsNone) {
     gProject->SetReferenceSectionPitchIndex(0);
     gProject->SetReferenceConstantPitch(0);
     ASSERT_EQ(WriteProjectFile(path), 1);
-    EXPECT_NE(test::ReadTextFile(path).find("ReferenceSource=None\r\n"), std::string::npos);
+    EXPECT_NE(test::FileBytes(path).find("ReferenceSource=None\r\n"), std::string::npos);
     EXPECT_EQ(gProject->ReferenceSourceIndex(), 0);
 
     gProject->SetReferenceSourceIndex(1);
@@ -110,7 +110,7 @@ TEST_F(modProjectFileTest, AScanReferenceWithoutAPitchIsSavedAsNone) {
     gProject->SetReferenceVariablePitch(5, 1.0);
     gProject->ReferenceScan()->SetDiameter(7.25);
     ASSERT_EQ(WriteProjectFile(path), 1);
-    const std::string text = test::ReadTextFile(path);
+    const std::string text = test::FileBytes(path);
     EXPECT_NE(text.find("ReferenceSource=InternalScan\r\n"), std::string::npos);
     EXPECT_NE(text.find("[ReferencePropeller]\r\nDiameter=7.25\r\n[ReferenceBlade1]"), std::string::npos);
 }
@@ -120,7 +120,7 @@ TEST_F(modProjectFileTest, LineBreaksNeverLeaveTheirLine) {
     gProject->SetCustomer("Blue\nBladeCount=99");
     const std::string path = temp->File("breaks.cvpj");
     ASSERT_EQ(WriteProjectFile(path), 1);
-    EXPECT_NE(test::ReadTextFile(path).find("Notes=one|two|three|four\r\n"), std::string::npos);
+    EXPECT_NE(test::FileBytes(path).find("Notes=one|two|three|four\r\n"), std::string::npos);
     test::MakeFreshProject();
     ASSERT_EQ(ReadProjectFile(path).status, 1);
     EXPECT_EQ(gProject->Notes(), "one\r\ntwo\r\nthree\r\nfour");
@@ -134,7 +134,7 @@ TEST_F(modProjectFileTest, UserNumbersUseTheUsersDecimalSeparator) {
     gProject->SetCupExclusionDistance(1.25);
     const std::string path = temp->File("comma.cvpj");
     ASSERT_EQ(WriteProjectFile(path), 1);
-    const std::string text = test::ReadTextFile(path);
+    const std::string text = test::FileBytes(path);
     EXPECT_NE(text.find("InnerRadius=25,5\r\nCupExclusionDistance=1,25\r\n"), std::string::npos);
     test::MakeFreshProject();
     ASSERT_EQ(ReadProjectFile(path).status, 1);

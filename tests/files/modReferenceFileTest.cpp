@@ -38,7 +38,7 @@ protected:
 TEST_F(modReferenceFileTest, RoundTripKeepsOneBladeOfSectionValues) {
     const std::string path = temp->File("design.cvrf");
     ASSERT_EQ(WriteReferenceBlocks(path, ThreeBladeReference(), flag, text), 1);
-    EXPECT_EQ(test::ReadTextFile(path), test::Crlf(R"([ReferencePropeller]
+    EXPECT_EQ(test::FileBytes(path), test::Crlf(R"([ReferencePropeller]
 Diameter=1250.5
 [ReferenceBlade1]
 SectionCount=3
@@ -74,7 +74,7 @@ SegmentPanelPitch=1090.125,1101.5,1114.75
     EXPECT_EQ(read.BladeCount(), 1);
     const std::string again = temp->File("again.cvrf");
     ASSERT_EQ(WriteReferenceBlocks(again, read, flag, text), 1);
-    EXPECT_EQ(test::ReadTextFile(again), test::ReadTextFile(path));
+    EXPECT_EQ(test::FileBytes(again), test::FileBytes(path));
 }
 
 TEST_F(modReferenceFileTest, WritingReplacesItsBlocksAndKeepsTheOthers) {
@@ -86,7 +86,7 @@ TEST_F(modReferenceFileTest, WritingReplacesItsBlocksAndKeepsTheOthers) {
     flag = true; // cleared at the start
     ASSERT_EQ(WriteReferenceBlocks(path, propeller, flag, text), 1);
     EXPECT_FALSE(flag);
-    EXPECT_EQ(test::ReadTextFile(path),
+    EXPECT_EQ(test::FileBytes(path),
               test::Crlf("[Project]\nNotes=design notes\n[ReferencePropeller]\nDiameter=2.5\n"
                          "[ReferenceBlade1]\nSectionCount=0\n"));
     // No sections: one blade and nothing else.

@@ -3,15 +3,13 @@
 // Project files for the library tests, written by the project writer itself so the list reads
 // what a station really saves. Header-only: the shell tests use it too.
 
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
 #include "files/modProjectCommands.h"
 #include "files/modProjectFile.h"
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
-
-#include <fstream>
-#include <iterator>
 
 namespace corvane::test {
 
@@ -39,16 +37,6 @@ inline void WriteTestProject(FixedClock& clock, const std::string& path, const T
     clock.Set(values.saved);
     EXPECT_EQ(WriteProjectFile(path), 1) << path;
     CreateNewProject();
-}
-
-inline std::string FileBytes(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-inline void WriteBytes(const std::string& path, const std::string& bytes) {
-    std::ofstream out(path, std::ios::binary | std::ios::trunc);
-    out << bytes;
 }
 
 // The services fixture with a Project Library and an Archive folder in the settings, as the

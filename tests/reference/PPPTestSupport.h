@@ -1,12 +1,10 @@
 #pragma once
 
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
 #include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
-
-#include <fstream>
-#include <sstream>
 
 namespace corvane::test {
 
@@ -32,17 +30,6 @@ protected:
     }
 
     static std::string Data(const std::string& name) { return std::string(CORVANE_TEST_DATA) + "/" + name; }
-
-    static std::string ReadText(const std::string& path) {
-        std::ifstream in(path, std::ios::binary);
-        std::ostringstream out;
-        out << in.rdbuf();
-        return out.str();
-    }
-
-    void WriteText(const std::string& path, const std::string& text) const {
-        std::ofstream(path, std::ios::binary) << text;
-    }
 
     static clsBlades& Blade(const clsPropeller& p, int i = 0) { return *p.Blades(i); }
 };

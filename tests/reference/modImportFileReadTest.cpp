@@ -183,12 +183,12 @@ TEST_F(modImportFileReadTest, TheDiameterMustMatchTheActiveScan) {
 // Counts a damaged file might hold are turned away before anything is allocated for them;
 // numbers beyond the double range and a missing file go to the error handler.
 TEST_F(modImportFileReadTest, DamagedCountsAndMissingFilesFailCleanly) {
-    const std::string basic = ReadText(Data("basic.ppp"));
+    const std::string basic = test::FileBytes(Data("basic.ppp"));
     auto variant = [&](const std::string& from, const std::string& to) {
         std::string text = basic;
         text.replace(text.find(from), from.size(), to);
         const std::string path = temp->File("variant.ppp");
-        WriteText(path, text);
+        test::WriteBytes(path, text);
         return path;
     };
     clsPropeller p;

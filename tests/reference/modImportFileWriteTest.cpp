@@ -72,7 +72,7 @@ TEST_F(modImportFileWriteTest, WhatIsWrittenReadsBackWithinThePrintedDigits) {
     const std::string path = temp->File("scan.ppp");
     ASSERT_EQ(WritePPPFile(path, *scan), 1);
 
-    const std::string text = ReadText(path);
+    const std::string text = test::FileBytes(path);
     EXPECT_TRUE(text.starts_with("[Prop Description]\r\nScan A: \"4-blade\" 40 x 36\r\n"));
     EXPECT_NE(text.find("[Number of Radii + 1]\r\n7\r\n[Number of Sectors per Radius + 2]\r\n4\r\n"),
               std::string::npos);

@@ -1,6 +1,7 @@
 #include "graphs/GraphsFixture.h"
 
-#include "files/FileAccess.h"
+#include "common/FileBytes.h"
+
 #include "platform/render/GraphFile.h"
 
 #include <QGuiApplication>
@@ -20,11 +21,6 @@ protected:
         GraphsTest::SetUp();
         Check(Ideal(), 36.0);
     }
-    std::string Head(const std::string& path, std::size_t n) {
-        std::string bytes;
-        EXPECT_TRUE(ReadFileBytes(path, bytes)) << path;
-        return bytes.substr(0, n);
-    }
 };
 
 // The formats of the graph command's files are checked with the command (GraphCommandTest).
@@ -34,7 +30,7 @@ TEST_F(GraphFileTest, ReportGraphsGoUnderTheirFileNames) {
     const std::string path =
         WriteReportGraphFile(temp->Folder(), ReportGraph::FullTop, request, 12240, 15840, reason);
     ASSERT_EQ(path, temp->File("FullTop.bmp")) << reason;
-    EXPECT_EQ(Head(path, 2), "BM");
+    EXPECT_EQ(test::FileBytes(path).substr(0, 2), "BM");
     EXPECT_TRUE(
         WriteReportGraphFile(temp->Folder(), ReportGraph::Map, request, 12240, 15840, reason).empty());
     const std::string folder = GraphWorkingFolder();

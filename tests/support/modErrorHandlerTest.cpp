@@ -1,3 +1,4 @@
+#include "common/FileBytes.h"
 #include "common/ServicesFixture.h"
 
 #include "model/CorvaneError.h"
@@ -5,7 +6,6 @@
 #include "support/ErrorTail.h"
 #include "support/modErrorHandler.h"
 
-#include <fstream>
 #include <tuple>
 
 namespace corvane {
@@ -19,10 +19,7 @@ protected:
         ServicesTest::SetUp();
         gAppDataPath = environment.appDataFolder;
     }
-    std::string ReadLog() {
-        std::ifstream in(GetErrorLogPath(), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
+    static std::string ReadLog() { return test::FileBytes(GetErrorLogPath()); }
     static ErrorInfo Err(int number, std::string description = "Boom") {
         return {number, std::move(description), "Corvane", 0};
     }
@@ -137,7 +134,7 @@ TEST_F(modErrorHandlerTest, NoSecondDialogWhileOneIsOpen) {
 
 TEST_F(modErrorHandlerTest, ReadOnlyLogIsReportedOnceAndTheDialogStillComes) {
     std::filesystem::create_directories(environment.appDataFolder);
-    { std::ofstream(GetErrorLogPath()) << "old\r\n"; }
+    test::WriteBytes(GetErrorLogPath(), "old\r\n");
     std::filesystem::permissions(GetErrorLogPath(), std::filesystem::perms::owner_read |
                                                         std::filesystem::perms::group_read |
                                                         std::filesystem::perms::others_read);
