@@ -97,10 +97,6 @@ TEST_F(ScanWorkflowTest, TheScriptedWalkFollowsTheScanAndBladeOrders) {
          0,
          {{0, 5}, {0, 3}, {0, 1}, {1, 5}, {1, 3}, {1, 1}, {2, 5}, {2, 3}, {2, 1}},
          "Move to a valid radius for Blade 1."},
-        {1,
-         1,
-         {{0, 5}, {0, 3}, {0, 1}, {2, 5}, {2, 3}, {2, 1}, {1, 5}, {1, 3}, {1, 1}},
-         "Move to a valid radius for Blade 1."},
     };
     clsVirtualPropeller propeller;
     propeller.BladeCount = 3;
