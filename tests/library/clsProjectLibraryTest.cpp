@@ -69,8 +69,7 @@ TEST_F(clsProjectLibraryTest, AFileWithoutAStampShowsTheFileDate) {
     EXPECT_EQ(list.Rows()[0].dateSaved, fileDate);
 }
 
-// Sorting by the Propeller column's diameter and the narrowing search are driven through the
-// dialog in frmLibProjectTest.
+// Sorting by the Propeller column's diameter is driven through the dialog in frmLibProjectTest.
 TEST_F(clsProjectLibraryTest, SortsByValueInBothDirections) {
     WriteThreeProjects();
     clsProjectLibrary list;
