@@ -177,7 +177,8 @@ TEST_F(modProjectCommandsTest, SaveAsNeedsDiameterAndCustomerThenWritesANewFile)
 
 TEST_F(modProjectCommandsTest, OpeningALockedProjectIsReadOnlyAndSaveRefuses) {
     FillRequired();
-    ASSERT_EQ(SaveProject(host), 1);
+    ProjectCommandHost plain; // a host of no window, as a second program's
+    ASSERT_EQ(SaveProject(plain), 1);
     const std::string path = InLibrary(gProjectFileName);
     const std::string name = gProjectFileName;
     const std::string saved = test::FileBytes(path);

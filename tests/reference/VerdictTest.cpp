@@ -269,7 +269,7 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
             scan.Blades(b)->SetSection(0, outer.Blades(b)->Section(0)->CopyClass());
         }
     };
-    enum class Source { Ppp, NeverActiveScan, CamberedWithoutPitch };
+    enum class Source { Ppp, VariablePitch, NeverActiveScan, CamberedWithoutPitch };
     struct Case {
         const char* name;
         Source source;
@@ -285,6 +285,7 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
     const Case cases[] = {
         {"ppp file, a row the first blade lacks", Source::Ppp, shop, rowOfFirstBlade, 1, 2, 0},
         {"ppp file, cut on the scan's panels", Source::Ppp, narrow, outerTip, -1, 2, 0},
+        {"variable pitch given at two radii", Source::VariablePitch, shop, [](clsPropeller&) {}, 1, 1, 0},
         {"scan reference never evaluated", Source::NeverActiveScan, shop, [](clsPropeller&) {}, 1, 1, 0},
         {"cambered face of a scan without pitch", Source::CamberedWithoutPitch, shop, [](clsPropeller&) {}, 0,
          0, 1},
@@ -310,6 +311,14 @@ TEST_F(VerdictTest, ReferencesAreBuiltAroundWhatTheScanLacks) {
             gProject->SetReferenceSource(read);
             gProject->SetReferenceSourceFilePath(file);
             gProject->SetReferenceSourceIndex(2);
+        } else if (c.source == Source::VariablePitch) {
+            gProject->SetReferenceSectionPitchIndex(1);
+            gProject->SetReferenceVariablePitchCount(2);
+            for (int row = 0; row < 2; ++row) {
+                gProject->SetReferenceVariablePitchRadialPos(row, row == 0 ? 0.3 : 0.95);
+                gProject->SetReferenceVariablePitch(row, 2400.0);
+                gProject->SetReferenceVariablePitchEnabled(row, true);
+            }
         } else if (c.source == Source::NeverActiveScan) {
             for (int b = 0; b < 4; ++b) {
                 gProject->PropellerScan(1)->Blades(b)->SetBladeEnabled(false);

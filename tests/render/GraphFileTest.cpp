@@ -31,6 +31,7 @@ TEST_F(GraphFileTest, ReportGraphsGoUnderTheirFileNames) {
         WriteReportGraphFile(temp->Folder(), ReportGraph::FullTop, request, 12240, 15840, reason);
     ASSERT_EQ(path, temp->File("FullTop.bmp")) << reason;
     EXPECT_EQ(test::FileBytes(path).substr(0, 2), "BM");
+    EXPECT_EQ(GraphFileFormatOf("top.bmp"), GraphFileFormat::Bmp);
     EXPECT_TRUE(
         WriteReportGraphFile(temp->Folder(), ReportGraph::Map, request, 12240, 15840, reason).empty());
     const std::string folder = GraphWorkingFolder();

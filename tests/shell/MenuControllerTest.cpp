@@ -143,6 +143,7 @@ TEST_F(MenuControllerTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
     window->Scans().mnuScanResetBuffer_Click();
     EXPECT_EQ(section->RawOffsetCount(), 0);
     EXPECT_TRUE(gProjectDirty);
+    window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
 }
 
 TEST_F(MenuControllerTest, ImportingAScanAddsItAfterSayingHowTheFileDiffers) {

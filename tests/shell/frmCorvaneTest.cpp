@@ -43,6 +43,8 @@ protected:
 TEST_F(frmCorvaneTest, OpensCentredOnTheProjectPageWithTheStationInTheTitle) {
     EXPECT_EQ(window->ActivePage(), frmCorvane::PageProject);
     EXPECT_TRUE(Strip().ctlProjButton->Pressed());
+    EXPECT_EQ(Strip().ctlProjButton->ForeColor(), kCaptionBlack);
+    EXPECT_EQ(Strip().ctlScanButton->ForeColor(), kCaptionWhite);
     EXPECT_EQ(Title(), "Corvane [Shop]");
 
     gProject->SetProjectID("TUG-0417");
