@@ -232,5 +232,39 @@ TEST_F(ScanWorkflowTest, TheTriggerKeyFiresInEitherCaseAndTheScanLimitHolds) {
     EXPECT_EQ(gProject->PropellerScanCount(), 51);
 }
 
+TEST_F(ScanWorkflowTest, TypedTipsAskBeforeTheyAreTakenAgainAndASweptScanIsOnlyOverwritten) {
+    StartScan();
+    station.radiusEncoderType = 0; // no radial encoder: the tips are typed
+    const auto tip = [](int blade) { return gProject->PropellerScan(0)->Blades(blade)->BladeDiameter(); };
+    for (const char* radius : {"19.5", "19.75", "20"}) {
+        prompts.ExpectInput(radius, "Enter the radius of Blade");
+    }
+    workflow.TipClick(Ctx());
+    EXPECT_EQ(tip(1), 39.5);
+    EXPECT_EQ(tip(2), 40);
+    EXPECT_FALSE(workflow.View().tip.pressed);
+
+    prompts.Expect(Answer::No, "The tip diameters have already been recorded.");
+    workflow.TipClick(Ctx());
+    EXPECT_EQ(tip(0), 39) << "No keeps them";
+    prompts.Expect(Answer::Yes, "The tip diameters have already been recorded.");
+    prompts.ExpectInput(std::nullopt, "Enter the radius of Blade 1:");
+    workflow.TipClick(Ctx());
+    EXPECT_EQ(tip(0) + tip(1) + tip(2), 0) << "a cancelled entry leaves no tip";
+
+    // A scan that holds sweeps takes no more: its letter shows N/A until it is overwritten.
+    Section(0, 3)->SetRawOffsetCount(5);
+    workflow.HistoryClick(Ctx(), 0);
+    EXPECT_EQ(workflow.View().scanButton.caption, "N/A");
+    EXPECT_EQ(workflow.View().guidance, "Previous scan data exists, scan data cannot be added.");
+    prompts.Expect(Answer::No, "Re-scan and overwrite all data from Scan A?");
+    EXPECT_FALSE(workflow.OverwriteScan(Ctx()));
+    prompts.Expect(Answer::Yes, "Re-scan and overwrite all data from Scan A?");
+    ASSERT_TRUE(workflow.OverwriteScan(Ctx()));
+    EXPECT_EQ(workflow.View().scanButton.caption, "HOME");
+    EXPECT_EQ(Section(0, 3)->RawOffsetCount(), 0);
+    EXPECT_EQ(gProject->PropellerScan(0)->Blades(2)->SectionCount(), 8);
+}
+
 } // namespace
 } // namespace corvane

@@ -80,5 +80,47 @@ TEST(clsGraphicsLineGDIpAATest, AnUnavailableLayerDoesNothing) {
     EXPECT_TRUE(surface.calls.empty());
 }
 
+TEST(clsGraphicsLineGDIpAATest, QueriesAndSettersTakeOnlyLiveHandlesOfTheirKind) {
+    clsGraphicsLineGDIpAA layer;
+    const auto pen = layer.CreatePen(0xFF000000, 1);
+    const auto solid = layer.CreateSolidBrush(0xFF010203);
+    const auto hatch = layer.CreateHatchBrush(1, 0xFF0000FF, 0xFFFFFFFF);
+    const auto line = layer.CreateGradientLineBrush(0, 0, 10, 0, 0xFF000000, 0xFFFFFFFF, 0);
+    const auto rect = layer.CreateGradientBrushRect(0, 0, 10, 10, 0xFF000000, 0xFFFFFFFF, 1, 0);
+    std::uint32_t a = 0, b = 0;
+    EXPECT_TRUE(layer.GetSolidBrushColorARGB(solid, a));
+    EXPECT_EQ(a, 0xFF010203u);
+    EXPECT_TRUE(layer.GetHatchBrushColors(hatch, a, b));
+    EXPECT_EQ(b, 0xFFFFFFFFu);
+    EXPECT_TRUE(layer.SetGradientColors(line, 0xFF112233, 0xFF445566));
+    EXPECT_TRUE(layer.GetGradientLineBrushColors(line, a, b));
+    EXPECT_EQ(a, 0xFF112233u);
+    EXPECT_TRUE(layer.SetGradientWrapMode(rect, 4));
+    // Each query or setter refuses a pen, a brush of another kind and a handle that is gone.
+    for (const auto wrong : {pen, hatch, 0u, 9999u}) {
+        EXPECT_FALSE(layer.GetSolidBrushColorARGB(wrong, a)) << wrong;
+        EXPECT_FALSE(layer.GetGradientLineBrushColors(wrong, a, b)) << wrong;
+        EXPECT_FALSE(layer.SetGradientColors(wrong, 0, 0)) << wrong;
+        EXPECT_FALSE(layer.SetGradientWrapMode(wrong, 0)) << wrong;
+    }
+    for (const auto wrong : {solid, 0u, 9999u}) {
+        EXPECT_FALSE(layer.GetHatchBrushColors(wrong, a, b)) << wrong;
+        EXPECT_FALSE(layer.SetPenColor(wrong, 0)) << wrong;
+        EXPECT_FALSE(layer.SetPenWidth(wrong, 1)) << wrong;
+        EXPECT_FALSE(layer.SetPenEndCaps(wrong, 1, 2)) << wrong;
+    }
+    EXPECT_FALSE(layer.SetPenWidth(pen, 0)) << "a pen keeps a width above 0";
+    EXPECT_TRUE(layer.SetPenColor(pen, 0xFF00FF00) && layer.SetPenWidth(pen, 3) &&
+                layer.SetPenEndCaps(pen, 1, 2) && layer.SetPenEndCaps(pen, 0, 1));
+    PenSpec props;
+    ASSERT_TRUE(layer.GetPenProps(pen, props));
+    EXPECT_EQ(props.argb, 0xFF00FF00u);
+    EXPECT_EQ(props.width, 3.0f);
+    EXPECT_EQ(props.endCap, 2);
+    EXPECT_EQ(props.startCap, 1);
+    EXPECT_TRUE(layer.DestroyBrush(line));
+    EXPECT_FALSE(layer.GetGradientLineBrushColors(line, a, b)) << "a destroyed brush answers nothing";
+}
+
 } // namespace
 } // namespace corvane
