@@ -1,9 +1,13 @@
 #include "WindowTestSupport.h"
 #include "common/ReadShown.h"
 
+#include "acquisition/DemoProject.h"
+#include "check/CheckRun.h"
 #include "files/modLockFile.h"
 #include "files/modProjectFile.h"
+#include "iso484/clsISO484.h"
 #include "library/LibraryTestProjects.h"
+#include "model/clsCorvane.h"
 #include "shell/FileCommands.h"
 #include "support/Services.h"
 
@@ -223,10 +227,12 @@ TEST_F(FileCommandsTest, ExportWritesTheProjectWhereChosen) {
     EXPECT_EQ(gProjectFileName, kUntitledFileName); // an export is not a save
     EXPECT_FALSE(fs::exists(LockFilePath(target)));
 
+    // The ppp type writes the reference of the demo's scan, checked as CHECK does.
+    ASSERT_EQ(BuildDemoProject(6), 1);
+    ASSERT_TRUE(RunCheck(*gProject, *gISO484, CheckRequest{}).Passed());
     dialogs.Choose(temp->File("copy.ppp"), 1);
-    prompts.Expect(Answer::OK, "Exporting Propeller Pitch Progression (ppp) files is not available yet.");
     window->mnuFileExport_Click();
-    EXPECT_FALSE(fs::exists(temp->File("copy.ppp")));
+    EXPECT_GT(fs::file_size(temp->File("copy.ppp")), 500u);
 
     gOfficeMode = 1;
     dialogs.Cancel();
