@@ -45,11 +45,7 @@ int ScanWorkflow::AcquireInitialize(const ScanContext& ctx) {
     DAQConfigureCounters(daq_, ctx.station);
     daq_.lastRadiusCount = 0;
     daq_.lastDropCount = 0;
-    DAQConfigureFIFOLog(daq_, true);
-    DAQStartFIFO(daq_, ctx.station.footPedal);
-    tickRunning_ = true;
-    recording_ = false;
-    view_.topBarEnabled = true;
+    StartTick(ctx);
     return 1;
 }
 
@@ -59,12 +55,16 @@ int ScanWorkflow::ResetDropCounter(const ScanContext& ctx) {
     }
     DAQResetDropCounter(daq_);
     daq_.lastDropCount = 0;
+    StartTick(ctx);
+    return 1;
+}
+
+void ScanWorkflow::StartTick(const ScanContext& ctx) {
     DAQConfigureFIFOLog(daq_, true);
     DAQStartFIFO(daq_, ctx.station.footPedal);
     tickRunning_ = true;
     recording_ = false;
     view_.topBarEnabled = true;
-    return 1;
 }
 
 void ScanWorkflow::AcquireStartRecord() {

@@ -120,6 +120,8 @@ private:
     std::string BladeText(const ScanContext& ctx) const; // the active blade, 1-based
     void Beep(const ScanContext& ctx, int frequencyHz);
     void SetState(std::int16_t state) { scanState_ = state; }
+    // Arms the box's log and the pedal, and starts the tick with the top bar free.
+    void StartTick(const ScanContext& ctx);
     int NextBlade(const ScanContext& ctx, int blade, int step) const;
 
     // Presses by state.

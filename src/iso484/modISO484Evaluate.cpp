@@ -165,67 +165,75 @@ double LEArc(clsBlades& blade, int section, double markedDiameter, bool leftHand
     return angle * gDegToRad * radius;
 }
 
-// A section measure against its reference: without a reference the window is the measured
-// value alone; otherwise it is `halfWidth(target)` either side of the target, which is the mean
-// over the enabled blades of a reference made from a scan, or the same blade of a file reference.
+// A measure against its reference: without a reference the window is the measured value alone;
+// otherwise it is `halfWidth(target)` either side of the target `target(reference)` gives.
+template <class Target, class HalfWidth>
+bool StoreWindow(const clsCorvane& project, double measured, Target target, HalfWidth halfWidth,
+                 double& lower, double& upper, double& value) {
+    if (project.ReferenceSourceIndex() == kReferenceNone) {
+        Store({measured, measured, measured}, lower, upper, value);
+        return true;
+    }
+    const double t = target(*ReferenceOf(project));
+    Store(Around(t, halfWidth(t), measured), lower, upper, value);
+    return true;
+}
+
+// A section measure: the target is the mean over the enabled blades of a reference made from a
+// scan, or the same blade of a file reference.
 template <class Measure, class HalfWidth>
 void SectionWindow(const clsCorvane& project, int scanIndex, int blade, Measure measure, HalfWidth halfWidth,
                    double& lower, double& upper, double& value) {
-    const double measured = measure(*ScanOf(project, scanIndex)->Blades(blade));
-    if (project.ReferenceSourceIndex() == kReferenceNone) {
-        Store({measured, measured, measured}, lower, upper, value);
-        return;
-    }
-    auto reference = ReferenceOf(project);
-    const double target = project.ReferenceSourceIndex() == kReferenceScan
-                              ? MeanOverEnabled(*reference, measure)
-                              : measure(FileReferenceBlade(*reference, blade));
-    Store(Around(target, halfWidth(target), measured), lower, upper, value);
+    (void)StoreWindow(
+        project, measure(*ScanOf(project, scanIndex)->Blades(blade)),
+        [&](clsPropeller& reference) {
+            return project.ReferenceSourceIndex() == kReferenceScan
+                       ? MeanOverEnabled(reference, measure)
+                       : measure(FileReferenceBlade(reference, blade));
+        },
+        halfWidth, lower, upper, value);
 }
 
 } // namespace
 
 std::int32_t EvaluatePropellerMeanPitch(const clsISO484& iso, const clsCorvane& project, int scanIndex,
                                         double& lower, double& upper, double& value) {
-    return Run([] { return std::string("evaluating propeller mean pitch"); },
-               [&] {
-                   const double measured = ScanOf(project, scanIndex)->ISOPropellerPitch();
-                   if (project.ReferenceSourceIndex() == kReferenceNone) {
-                       Store({measured, measured, measured}, lower, upper, value);
-                       return true;
-                   }
-                   auto reference = ReferenceOf(project);
-                   const double target =
-                       project.ReferenceSourceIndex() == kReferenceScan
-                           ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
-                           : reference->ISOPropellerPitch();
-                   const double width =
-                       ApplyFloor(iso, target * iso.MeanPitchOfPropPercent(), iso.MeanPitchOfPropTol());
-                   Store(Around(target, width, measured), lower, upper, value);
-                   return true;
-               });
+    return Run(
+        [] { return std::string("evaluating propeller mean pitch"); },
+        [&] {
+            return StoreWindow(
+                project, ScanOf(project, scanIndex)->ISOPropellerPitch(),
+                [&](clsPropeller& reference) {
+                    return project.ReferenceSourceIndex() == kReferenceScan
+                               ? MeanOverEnabled(reference, [](clsBlades& b) { return b.ISOBladePitch(); })
+                               : reference.ISOPropellerPitch();
+                },
+                [&](double target) {
+                    return ApplyFloor(iso, target * iso.MeanPitchOfPropPercent(), iso.MeanPitchOfPropTol());
+                },
+                lower, upper, value);
+        });
 }
 
 std::int32_t EvaluateMaxDiameter(const clsISO484& iso, const clsCorvane& project, int scanIndex, int blade,
                                  double& lower, double& upper, double& value) {
     return Run([&] { return BladeContext(blade, " max diameter"); },
                [&] {
-                   const double measured = ScanOf(project, scanIndex)->Blades(blade)->BladeDiameter();
-                   if (project.ReferenceSourceIndex() == kReferenceNone) {
-                       Store({measured, measured, measured}, lower, upper, value);
-                       return true;
-                   }
-                   auto reference = ReferenceOf(project);
-                   // From another scan the target is this blade's own reference diameter; the mean over
-                   // the enabled blades adds that one value each time.
-                   const double own = reference->Blades(blade)->BladeDiameter();
-                   const double target = project.ReferenceSourceIndex() == kReferenceScan
-                                             ? MeanOverEnabled(*reference, [own](clsBlades&) { return own; })
-                                             : reference->Diameter();
-                   const double width =
-                       ApplyFloor(iso, 2.0 * iso.ScrewRadiusPercent() * target, iso.ScrewRadiusTol());
-                   Store(Around(target, width, measured), lower, upper, value);
-                   return true;
+                   return StoreWindow(
+                       project, ScanOf(project, scanIndex)->Blades(blade)->BladeDiameter(),
+                       [&](clsPropeller& reference) {
+                           // From another scan the target is this blade's own reference diameter; the
+                           // mean over the enabled blades adds that one value each time.
+                           const double own = reference.Blades(blade)->BladeDiameter();
+                           return project.ReferenceSourceIndex() == kReferenceScan
+                                      ? MeanOverEnabled(reference, [own](clsBlades&) { return own; })
+                                      : reference.Diameter();
+                       },
+                       [&](double target) {
+                           return ApplyFloor(iso, 2.0 * iso.ScrewRadiusPercent() * target,
+                                             iso.ScrewRadiusTol());
+                       },
+                       lower, upper, value);
                });
 }
 
@@ -233,19 +241,13 @@ std::int32_t EvaluateBladeMeanPitch(const clsISO484& iso, const clsCorvane& proj
                                     double& lower, double& upper, double& value) {
     return Run([&] { return BladeContext(blade, " mean pitch"); },
                [&] {
-                   const double measured = ScanOf(project, scanIndex)->Blades(blade)->ISOBladePitch();
-                   if (project.ReferenceSourceIndex() == kReferenceNone) {
-                       Store({measured, measured, measured}, lower, upper, value);
-                       return true;
-                   }
-                   auto reference = ReferenceOf(project);
-                   const double target =
-                       project.ReferenceSourceIndex() == kReferenceScan
-                           ? MeanOverEnabled(*reference, [](clsBlades& b) { return b.ISOBladePitch(); })
-                           : FileReferenceBlade(*reference, blade).ISOBladePitch();
-                   const double width =
-                       ApplyFloor(iso, target * iso.MeanPitchPerBladePercent(), iso.MeanPitchPerBladeTol());
-                   Store(Around(target, width, measured), lower, upper, value);
+                   SectionWindow(
+                       project, scanIndex, blade, [](clsBlades& b) { return b.ISOBladePitch(); },
+                       [&](double target) {
+                           return ApplyFloor(iso, target * iso.MeanPitchPerBladePercent(),
+                                             iso.MeanPitchPerBladeTol());
+                       },
+                       lower, upper, value);
                    return true;
                });
 }
@@ -254,20 +256,19 @@ std::int32_t EvaluateNoseTailPitch(const clsISO484& iso, const clsCorvane& proje
                                    int section, double& lower, double& upper, double& value) {
     return Run([&] { return SectionContext(blade, section, " nose-tail pitch"); },
                [&] {
-                   const double measured = ScanOf(project, scanIndex)->Blades(blade)->Pitch(section);
-                   if (project.ReferenceSourceIndex() == kReferenceNone) {
-                       Store({measured, measured, measured}, lower, upper, value);
-                       return true;
-                   }
-                   auto reference = ReferenceOf(project);
-                   const double target = project.ReferenceSourceIndex() == kReferenceScan
-                                             ? SectionPitchTarget(project, section)
-                                             : FileReferenceBlade(*reference, blade).Pitch(section);
-                   const double width =
-                       ApplyFloor(iso, target * iso.MeanPitchPerRadPercent() * InnerFactor(section),
-                                  iso.MeanPitchPerRadTol());
-                   Store(Around(target, width, measured), lower, upper, value);
-                   return true;
+                   return StoreWindow(
+                       project, ScanOf(project, scanIndex)->Blades(blade)->Pitch(section),
+                       [&](clsPropeller& reference) {
+                           return project.ReferenceSourceIndex() == kReferenceScan
+                                      ? SectionPitchTarget(project, section)
+                                      : FileReferenceBlade(reference, blade).Pitch(section);
+                       },
+                       [&](double target) {
+                           return ApplyFloor(iso,
+                                             target * iso.MeanPitchPerRadPercent() * InnerFactor(section),
+                                             iso.MeanPitchPerRadTol());
+                       },
+                       lower, upper, value);
                });
 }
 

@@ -6,6 +6,7 @@
 #include "library/modLibraryOpen.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
+#include "reference/modImportFile.h"
 #include "shell/PageNavigator.h"
 #include "shell/ProjectPageController.h"
 #include "shell/UnavailablePage.h"
@@ -184,12 +185,13 @@ void FileCommands::mnuFileExport_Click() {
                              "different location to save the File/Project.",
                              MsgBox::Critical, "Access Error");
     }
-    if (dialog.FilterIndex != kExportProject) {
-        SayNotAvailableYet("Exporting Propeller Pitch Progression (ppp) files");
-        return;
-    }
     SetWaitCursor(true);
-    WriteProjectFile(dialog.FileName);
+    if (dialog.FilterIndex == kExportProject) {
+        WriteProjectFile(dialog.FileName);
+    } else {
+        // The reference as the project defines it; its own messages say why when it cannot be.
+        (void)ExportPPPFile(dialog.FileName);
+    }
     SetWaitCursor(false);
 }
 

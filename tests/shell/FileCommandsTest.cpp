@@ -1,8 +1,12 @@
 #include "WindowTestSupport.h"
 #include "common/ReadShown.h"
 
+#include "acquisition/DemoProject.h"
+#include "check/CheckRun.h"
 #include "files/modLockFile.h"
+#include "iso484/clsISO484.h"
 #include "library/LibraryTestProjects.h"
+#include "model/clsCorvane.h"
 #include "shell/FileCommands.h"
 
 #include <QStatusBar>
@@ -197,10 +201,12 @@ TEST_F(FileCommandsTest, ExportWritesTheProjectWhereChosen) {
     EXPECT_EQ(gProjectFileName, kUntitledFileName); // an export is not a save
     EXPECT_FALSE(fs::exists(LockFilePath(target)));
 
+    // The ppp type writes the reference of the demo's scan, checked as CHECK does.
+    ASSERT_EQ(BuildDemoProject(6), 1);
+    ASSERT_TRUE(RunCheck(*gProject, *gISO484, CheckRequest{}).Passed());
     dialogs.Choose(temp->File("copy.ppp"), 1);
-    prompts.Expect(Answer::OK, "Exporting Propeller Pitch Progression (ppp) files is not available yet.");
     window->mnuFileExport_Click();
-    EXPECT_FALSE(fs::exists(temp->File("copy.ppp")));
+    EXPECT_GT(fs::file_size(temp->File("copy.ppp")), 500u);
 }
 
 } // namespace
