@@ -73,7 +73,9 @@ void ReportComposer::Spacer() {
 }
 
 void ReportComposer::EnsureRoom(double height) {
-    if (height <= RemainingHeight())
+    // A page that holds only its header takes whatever comes; a table longer than a page goes
+    // on over the next ones.
+    if (height <= RemainingHeight() || used_ <= pageStart_)
         return;
     AddPageFooter();
     AddPageHeader(pageName_, false);
@@ -85,6 +87,11 @@ void ReportComposer::Caption(const std::string& text) {
 }
 
 void ReportComposer::ImageRow(const std::string& file, double aspect, double maxHeight) {
+    constexpr double kSmallest = 1000; // twips: a picture smaller than this goes on a new page
+    if (maxHeight < kSmallest) {
+        EnsureRoom(PageHeight());
+        maxHeight = std::max(kSmallest, RemainingHeight() - 600);
+    }
     double width = PageWidth();
     double height = width * aspect;
     if (height > maxHeight) {
@@ -158,6 +165,7 @@ void ReportComposer::AddPageHeader(const std::string& pageName, bool firstPage) 
         doc_.SetCellText(page_, row, 1, blades, kStyleTable);
     }
     Spacer();
+    pageStart_ = used_;
 }
 
 void ReportComposer::AddPageFooter() {

@@ -100,7 +100,8 @@ private:
     std::int16_t kind_ = kReportKindStatus;
     std::string pageName_;
     int page_ = -1;
-    double used_ = 0; // twips of the current page
+    double used_ = 0;      // twips of the current page
+    double pageStart_ = 0; // twips the page header takes
     std::string sentence_;
     std::string failure_;
     std::int16_t bestCode_ = 0;

@@ -20,21 +20,6 @@ constexpr double kTableRowHeight = 285; // twips of a row of table text
 constexpr const char* kAngleFormat = "0.0";
 constexpr const char* kPercentFormat = "0.0%";
 
-// A value is judged as printed: the format's last place, one further digit "1" (0.001 for
-// "0.00"); a percentage format works on the fraction.
-double Tolerance(std::string format) {
-    const bool percent = !format.empty() && format.back() == '%';
-    if (percent)
-        format.pop_back();
-    const double t = StringToDouble(format + "01");
-    return percent ? t / 100 : t;
-}
-
-bool Outside(const ISOWindow& w, double tolerance) {
-    return !(CompareDouble(w.Value, kCompareGreaterOrEqual, w.Lower, tolerance) &&
-             CompareDouble(w.Value, kCompareLessOrEqual, w.Upper, tolerance));
-}
-
 std::string PanelLabel(int index, int count) {
     if (index == 0)
         return "(TE)";
@@ -44,6 +29,22 @@ std::string PanelLabel(int index, int count) {
 }
 
 } // namespace
+
+bool ReportCellOutside(const ISOWindow& window, std::string format) {
+    // The value as printed, against the bounds with the format's last place and a digit more
+    // ("0.00" gives 0.0001); a percentage works on the fraction.
+    const bool percent = !format.empty() && format.back() == '%';
+    std::string printed = FormatNumber(window.Value, format);
+    if (percent) {
+        format.pop_back();
+        printed.pop_back();
+    }
+    const double scale = percent ? 0.01 : 1.0;
+    const double value = StringToDouble(printed) * scale;
+    const double tolerance = StringToDouble(format + "01") * scale;
+    return !(CompareDouble(value, kCompareGreaterOrEqual, window.Lower, tolerance) &&
+             CompareDouble(value, kCompareLessOrEqual, window.Upper, tolerance));
+}
 
 std::vector<int> ReportComposer::TableBlades() const {
     std::vector<int> blades;
@@ -145,7 +146,7 @@ void ReportComposer::WindowCell(int row, int column, const ISOWindow* window, co
         return;
     }
     cell.text = FormatNumber(window->Value, format);
-    if (tested && Reference() && Outside(*window, Tolerance(format))) {
+    if (tested && Reference() && ReportCellOutside(*window, format)) {
         cell.text += kISOFailMark;
         doc_.SetCellFormat(page_, row, column, column, true, kReportPaleRed, kReportRed);
     }

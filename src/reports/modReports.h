@@ -70,6 +70,10 @@ ReportBuild BuildRepairReport(clsCorvane& project, clsISO484& iso, const ReportR
 // The Docs page's default radius toggles: the rows the ISO class requires (Depress_ISO_Panels).
 std::array<bool, 8> ISOReportRadii(const clsISO484& iso);
 
+// Whether a table cell gets the fail mark and the red box: its value rounded as the format
+// prints it lies outside the window, compared with the format's tolerance ("0.000" plus "01").
+bool ReportCellOutside(const ISOWindow& window, std::string format);
+
 // "Report ID yyyymmdd-hhmmss Corvane 1.00.0000".
 std::string ReportIdText(const std::string& stamp);
 

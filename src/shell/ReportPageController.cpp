@@ -89,7 +89,10 @@ QWidget* ReportPageController::Page() const {
 }
 
 void ReportPageController::Enter() {
-    DepressPanels(window_.BladeViewMode());
+    // Another project, or a change of this one since the report was built, makes it stale.
+    if (gProject.get() != builtFor_ || (gProjectDirty && !dirtyAtBuild_))
+        SetReportDirtyBit();
+    DepressPanels(0);
     window_.ShowEnabledBlades();
     window_.SetBladeButtonState(2);
     window_.Lock_Controls();
@@ -190,6 +193,8 @@ void ReportPageController::BuildReport(std::int16_t kind) {
                               : kind == kReportKindRepair ? BuildRepairReport(*gProject, *gISO484, request)
                                                           : BuildFullReport(*gProject, *gISO484, request);
     docs_->MyReports->SetDocument(&build.document);
+    builtFor_ = gProject.get();
+    dirtyAtBuild_ = gProjectDirty;
     Events().DoEvents();
     QApplication::restoreOverrideCursor();
     reportDirty_ = false;

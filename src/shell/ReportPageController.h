@@ -19,8 +19,7 @@ public:
     QWidget* Page() const;
     frmPageDocs& Docs() const { return *docs_; }
 
-    // IPage. Entering presses the radius toggles of the blade view mode and shows the enabled
-    // blades.
+    // IPage. Entering presses every radius toggle with data and shows the enabled blades.
     QWidget* Widget() const override { return Page(); }
     PageGate Gate() const override { return PageGate::Report; }
     void Enter() override;
@@ -50,6 +49,8 @@ private:
     frmCorvane& window_;
     frmPageDocs* docs_ = nullptr;
     bool reportDirty_ = true;
+    const void* builtFor_ = nullptr; // the project the report shown was built from
+    bool dirtyAtBuild_ = false;
 };
 
 } // namespace corvane

@@ -109,7 +109,7 @@ TEST_F(modReportsTest, TheRepairReportJudgesBothScansAndPutsTheProjectBack) {
     EXPECT_EQ(PageNames(build.document),
               (std::vector<std::string>{"Summary", "Graphs", "Summary", "Graphs"}));
     EXPECT_EQ(Cells(build.document, "ISO 484-").size(), 2u);
-    EXPECT_EQ(Cells(build.document, "ISO 484-").back()->text.find("Repair") != std::string::npos, true);
+    EXPECT_NE(Cells(build.document, "ISO 484-").back()->text.find("Repair"), std::string::npos);
     EXPECT_EQ(gProject->ActiveScanIndex(), 0);
 
     report.compareScanIndex = -1;
@@ -142,7 +142,8 @@ TEST_F(modReportsTest, CellsShowFailuresMissingDataAndTheReference) {
     EXPECT_GT(Cells(build.document, "Blade 3").size(), 3u);
     const auto headings = [](const ReportDocument& d) {
         const auto found = Cells(d, "Ref");
-        return std::count_if(found.begin(), found.end(), [](const ReportCell* c) { return c->text == "Ref"; });
+        return std::count_if(found.begin(), found.end(),
+                             [](const ReportCell* c) { return c->text == "Ref"; });
     };
     EXPECT_GT(headings(build.document), 3);
     EXPECT_GT(Cells(build.document, "-").size(), 0u) << "the propeller has no spacing of its own";
@@ -153,6 +154,24 @@ TEST_F(modReportsTest, CellsShowFailuresMissingDataAndTheReference) {
     EXPECT_EQ(headings(alone.document), 0);
     for (const ReportCell* cell : Cells(alone.document, "3"))
         EXPECT_EQ(cell->text.find(" [X]"), std::string::npos) << cell->text;
+}
+
+TEST_F(modReportsTest, ACellIsJudgedByItsValueAsPrinted) {
+    struct Row {
+        double value, lower, upper;
+        const char* format;
+        bool outside;
+    };
+    const std::vector<Row> rows = {
+        {35.0004, 34, 35, "0.000", false}, // prints 35.000: at the limit
+        {35.0006, 34, 35, "0.000", true},    {33.9996, 34, 35, "0.000", false},
+        {33.9994, 34, 35, "0.000", true},    {0.0504, -0.05, 0.05, "0.0%", false},
+        {0.0551, -0.05, 0.05, "0.0%", true}, {-0.0504, -0.05, 0.05, "0.0%", false},
+        {1.04, 0, 1, "0.0", false},          {1.06, 0, 1, "0.0", true},
+    };
+    for (const Row& r : rows)
+        EXPECT_EQ(ReportCellOutside(ISOWindow{r.lower, r.upper, r.value, false}, r.format), r.outside)
+            << r.value << " " << r.format;
 }
 
 TEST_F(modReportsTest, TheCsvHoldsTheCellsWithPointDecimalsInAnyLocale) {
