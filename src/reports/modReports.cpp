@@ -11,6 +11,8 @@
 #include "reports/ReportComposer.h"
 #include "support/Services.h"
 
+#include <memory>
+
 namespace corvane {
 
 namespace {
@@ -99,14 +101,17 @@ ReportBuild BuildRepairReport(clsCorvane& project, clsISO484& iso, const ReportR
     composer.Page("adding Graph page", [&] { composer.AddGraphPageTop(); });
 
     // The second pass: the compared scan, judged with the blades it measured.
-    const clsPropeller& scan = *project.PropellerScan(compare);
+    // The check may put a turned copy of the scan in its place: the blade switches are put back
+    // on whatever the project holds afterwards.
+    const std::shared_ptr<clsPropeller> scan = project.PropellerScan(compare);
+    const int blades = scan->BladeCount();
     std::vector<std::int32_t> referenceBlades;
     std::vector<bool> scanBlades;
-    for (int b = 0; b < scan.BladeCount(); ++b) {
+    for (int b = 0; b < blades; ++b) {
         referenceBlades.push_back(project.ReferenceScanBladesEnabled(b));
-        scanBlades.push_back(scan.Blades(b)->BladeEnabled());
+        scanBlades.push_back(scan->Blades(b)->BladeEnabled());
         bool measured = false;
-        const auto blade = scan.Blades(b);
+        const auto blade = scan->Blades(b);
         for (int k = 0; k < blade->SectionCount() && !measured; ++k)
             measured = blade->Section(k)->RawOffsetCount() > 0;
         project.SetReferenceScanBladesEnabled(b, measured ? 1 : 0);
@@ -124,9 +129,11 @@ ReportBuild BuildRepairReport(clsCorvane& project, clsISO484& iso, const ReportR
         build.failure = "writing full report";
     }
     // Everything back as it was, and the ISO data of the former scan again.
-    for (int b = 0; b < scan.BladeCount(); ++b) {
+    const std::shared_ptr<clsPropeller> compared = project.PropellerScan(compare);
+    for (int b = 0; b < blades; ++b) {
         project.SetReferenceScanBladesEnabled(b, referenceBlades[static_cast<std::size_t>(b)]);
-        scan.Blades(b)->SetBladeEnabled(scanBlades[static_cast<std::size_t>(b)]);
+        if (compared && b < compared->BladeCount())
+            compared->Blades(b)->SetBladeEnabled(scanBlades[static_cast<std::size_t>(b)]);
     }
     check.scanIndex = former;
     (void)RunCheck(project, iso, check);
