@@ -8,6 +8,7 @@
 #include "cli/GraphCommand.h"
 #include "cli/ImportHaleCommand.h"
 #include "cli/InfoCommand.h"
+#include "cli/ReportCommand.h"
 #include "cli/ScanCommand.h"
 #include "cli/SimulateArmCommand.h"
 #include "model/AppVersion.h"
@@ -216,6 +217,11 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
         "graph", "draw a view of the checked scan (as CHECK shows it) into a png, svg or pdf");
     AddGraphOptions(*graph, graphOptions);
     commands.push_back(graph);
+    ReportCommandOptions reportOptions;
+    CLI::App* report = app.add_subcommand(
+        "report", "compose the status, full or compare report of the checked scan as PDF or CSV");
+    AddReportOptions(*report, reportOptions);
+    commands.push_back(report);
 #endif
     for (CLI::App* command : commands)
         command->group("Commands");
@@ -249,6 +255,8 @@ int RunCli(const std::vector<std::string>& args, std::ostream& out, std::ostream
 #if CORVANE_CLI_GRAPHS
     if (graph->parsed())
         return RunGraph(graphOptions, out, err);
+    if (report->parsed())
+        return RunReport(reportOptions, out, err);
 #endif
     return RunExportPPP(exportProject, exportPath, out, err);
 }

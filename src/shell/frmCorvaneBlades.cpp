@@ -116,7 +116,14 @@ void frmCorvane::ctlBlades_Click(int index) {
         break;
     }
     case PageReport:
+        // A toggle: the blade enters the report or leaves it, and the report shown is stale.
         bladeViewMode_ = 2;
+        if (IsBladeEnabled(index)) {
+            auto& shown = gShowBladeFlags[static_cast<std::size_t>(index)];
+            shown = !shown;
+            reportPage_->SetReportDirtyBit();
+        }
+        Blades_Depress();
         ctlAll_UpdateDisplay();
         break;
     default:
