@@ -2,6 +2,7 @@
 
 #include "check/CheckRun.h"
 #include "cli/GraphViews.h"
+#include "cli/OffscreenGui.h"
 #include "cli/ProjectLoader.h"
 #include "cli/ReferenceOptions.h"
 #include "cli/ScanPreparation.h"
@@ -12,7 +13,6 @@
 #include "platform/render/GraphFile.h"
 
 #include <CLI/CLI.hpp>
-#include <QGuiApplication>
 
 #include <algorithm>
 #include <charconv>
@@ -51,26 +51,6 @@ double ParseRadius(std::string text) {
         value > 100)
         throw CLI::ValidationError("--radius", "takes r/R as 0.7, 70 or 70R, not '" + text + "'");
     return value;
-}
-
-// Qt's own notes (a missing runtime folder of the offscreen platform...) are no business of the
-// command's user: only the command's own messages reach standard error.
-void QuietQt(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtFatalMsg || type == QtCriticalMsg)
-        std::fprintf(stderr, "corvane-cli graph: %s\n", message.toLocal8Bit().constData());
-}
-
-// Qt's drawing needs an application object; the command line has none until a graph is drawn,
-// and then one on the offscreen platform, whatever the environment asks for.
-std::unique_ptr<QGuiApplication> StartOffscreenGui() {
-    if (QCoreApplication::instance() != nullptr)
-        return nullptr;
-    static int argc = 3;
-    static char name[] = "corvane-cli";
-    static char platform[] = "-platform";
-    static char offscreen[] = "offscreen";
-    static char* argv[] = {name, platform, offscreen, nullptr};
-    return std::make_unique<QGuiApplication>(argc, argv);
 }
 
 } // namespace
@@ -158,15 +138,13 @@ int RunGraph(const GraphCommandOptions& options, std::ostream& out, std::ostream
     if (width == 0)
         DefaultGraphSize(view.view, view.report, width, height);
 
-    const QtMessageHandler previous = qInstallMessageHandler(QuietQt);
-    const auto gui = StartOffscreenGui();
+    const OffscreenGui gui("graph");
     std::string reason;
     const auto format = GraphFileFormatOf(options.output);
     const bool written = WriteGraphFile(
         options.output, *format, QSize(width, height),
         [&](DrawingSurface& surface) { DrawGraphView(surface, *gProject, *gISO484, scanIndex, view); },
         reason);
-    qInstallMessageHandler(previous);
     if (!written) {
         err << "corvane-cli graph: " << reason << "\n";
         return 2;

@@ -2,6 +2,7 @@
 
 #include "check/CheckRun.h"
 #include "cli/ConsoleClock.h"
+#include "cli/OffscreenGui.h"
 #include "cli/ProjectLoader.h"
 #include "cli/ReferenceOptions.h"
 #include "cli/ScanPreparation.h"
@@ -16,7 +17,6 @@
 #include "support/Services.h"
 
 #include <CLI/CLI.hpp>
-#include <QGuiApplication>
 
 #include <cmath>
 #include <cstdio>
@@ -28,28 +28,6 @@ namespace corvane::cli {
 namespace {
 
 constexpr const char* kCommand = "report";
-
-void QuietQt(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtFatalMsg || type == QtCriticalMsg)
-        std::fprintf(stderr, "corvane-cli report: %s\n", message.toLocal8Bit().constData());
-}
-
-std::unique_ptr<QGuiApplication> StartOffscreenGui() {
-    if (QCoreApplication::instance() != nullptr)
-        return nullptr;
-    // Qt takes the platform options out of argv: they are put back for each application.
-    static int argc = 3;
-    static char name[] = "corvane-cli";
-    static char platform[] = "-platform";
-    static char offscreen[] = "offscreen";
-    static char* argv[] = {name, platform, offscreen, nullptr};
-    argc = 3;
-    argv[0] = name;
-    argv[1] = platform;
-    argv[2] = offscreen;
-    argv[3] = nullptr;
-    return std::make_unique<QGuiApplication>(argc, argv);
-}
 
 // The radius toggles of the Docs page from "95,70,50": a row is shown when its r/R x 100 is
 // listed.
@@ -133,8 +111,7 @@ int RunReport(const ReportCommandOptions& options, std::ostream& out, std::ostre
     if (!CheckPassed(kCommand, RunCheck(*gProject, *gISO484, check), err))
         return 2;
 
-    const QtMessageHandler previous = qInstallMessageHandler(QuietQt);
-    const auto gui = StartOffscreenGui();
+    const OffscreenGui gui("report");
     QtReportGraphs graphs;
     ReportRequest request;
     const clsPropeller& scan = *gProject->PropellerScan(scanIndex);
@@ -154,7 +131,6 @@ int RunReport(const ReportCommandOptions& options, std::ostream& out, std::ostre
         written = SaveReportPdf(build.document, options.pdf, reason);
     else if (!(written = SaveReportCsv(build.document, options.csv)))
         reason = "cannot write " + options.csv;
-    qInstallMessageHandler(previous);
     if (!written) {
         err << "corvane-cli report: " << reason << "\n";
         return 2;
