@@ -248,7 +248,10 @@ int main(int argc, char** argv) {
             if (picture.isNull()) {
                 picture = window->grab();
             }
-            app.exit(picture.save(target, "PNG") ? 0 : 3);
+            const bool saved = picture.save(target, "PNG");
+            // The project's lock goes with the program, or the next run would find it in use.
+            window->RunShutdownSteps(false);
+            app.exit(saved ? 0 : 3);
         });
     }
     return app.exec();

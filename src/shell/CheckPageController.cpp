@@ -23,7 +23,9 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QSignalBlocker>
+#include <QTimer>
 
 namespace corvane {
 
@@ -61,7 +63,18 @@ CheckPageController::CheckPageController(frmCorvane& window) : window_(window) {
     QObject::connect(page_, &frmPageCheck::VerdictClicked, page_, [this] { ClickVerdict(); });
     QObject::connect(page_, &frmPageCheck::SectionGraphClicked, page_,
                      [this](int element) { ClickSectionGraph(element); });
-    QObject::connect(page_, &frmPageCheck::GraphResized, page_, [this] { Redraw(); });
+    // A new size always needs a new picture; the graphs of the panel take their sizes one after
+    // another, so the drawing waits until the layout has settled.
+    QObject::connect(page_, &frmPageCheck::GraphResized, page_, [this] {
+        drawn_.reset();
+        if (!redrawQueued_) {
+            redrawQueued_ = true;
+            QTimer::singleShot(0, page_, [this] {
+                redrawQueued_ = false;
+                Redraw();
+            });
+        }
+    });
     QObject::connect(page_->ctlZoom, &ctlPanelButton::Click, page_, [this] { ToggleZoom(); });
     QObject::connect(page_->ctlReference, &ctlPanelButton::Click, page_, [this] { ToggleReference(); });
     QObject::connect(page_->picReferenceEditor, &frmReferenceScanEditor::ApplyClicked, page_,
@@ -416,6 +429,7 @@ void CheckPageController::Redraw() {
     page_->ctlZoom->SetPressed(layout.zoomForced || (layout.zoomEnabled && ZoomActive));
     if (layout.sectionGraphs) {
         page_->ShowSectionGraphs(layout.elements);
+        page_->picSectionGraphs->layout()->activate();
     } else {
         page_->ShowBigGraph();
     }

@@ -80,6 +80,7 @@ private:
     std::optional<CheckDrawState> drawn_;
     std::uint32_t zoomedElements_ = 0;
     int drawCount_ = 0;
+    bool redrawQueued_ = false;
     bool filling_ = false;
 };
 
