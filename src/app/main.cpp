@@ -5,11 +5,13 @@
 #include "acquisition/ArmTrajectory.h"
 #include "acquisition/DemoProject.h"
 #include "acquisition/modDAQUtilities.h"
+#include "checkpage/CheckPageRules.h"
 #include "files/modProjectCommands.h"
 #include "files/modSettings.h"
 #include "model/Globals.h"
 #include "platform/QtServices.h"
 #include "platform/USB4Library.h"
+#include "shell/CheckPageController.h"
 #include "shell/FileCommands.h"
 #include "shell/PageNavigator.h"
 #include "shell/ScanPageController.h"
@@ -30,6 +32,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -110,7 +113,16 @@ int main(int argc, char** argv) {
         QStringLiteral("With --page scan and a simulated arm: press HOME and let the arm play <seconds> "
                        "before the screenshot."),
         QStringLiteral("seconds"));
+    QCommandLineOption view(
+        QStringLiteral("view"),
+        QStringLiteral("With --page check: show the view <name> (top, pitch, blade, radius, "
+                       "path or outline)."),
+        QStringLiteral("name"));
+    QCommandLineOption referencePanel(QStringLiteral("reference-panel"),
+                                      QStringLiteral("With --page check: open the reference panel (REF)."));
     parser.addOption(page);
+    parser.addOption(view);
+    parser.addOption(referencePanel);
     parser.addOption(scanSeconds);
     parser.addOption(demo);
     parser.addOption(office);
@@ -196,6 +208,22 @@ int main(int argc, char** argv) {
         }
         window->Navigator().Open(index);
     }
+    if (parser.isSet(view) || parser.isSet(referencePanel)) {
+        const std::optional<int> mode = corvane::CheckViewByName(parser.value(view).toLower().toStdString());
+        if (parser.isSet(view) && !mode) {
+            std::fprintf(stderr, "corvane: unknown view %s (top, pitch, blade, radius, path or outline)\n",
+                         qPrintable(parser.value(view)));
+            return 2;
+        }
+        if (window->ActivePage() == corvane::frmCorvane::PageCheck) {
+            if (parser.isSet(referencePanel)) {
+                window->CheckPage().ShowReferencePanel();
+            }
+            if (mode) {
+                window->CheckPage().SetView(*mode);
+            }
+        }
+    }
     if (parser.isSet(scanSeconds) && window->ActivePage() == corvane::frmCorvane::PageScan) {
         // The simulated arm's clock runs 10 ms a tick: the ticks are played here at once, so the
         // picture shows the same moment of the scan on every machine.
@@ -220,7 +248,10 @@ int main(int argc, char** argv) {
             if (picture.isNull()) {
                 picture = window->grab();
             }
-            app.exit(picture.save(target, "PNG") ? 0 : 3);
+            const bool saved = picture.save(target, "PNG");
+            // The project's lock goes with the program, or the next run would find it in use.
+            window->RunShutdownSteps(false);
+            app.exit(saved ? 0 : 3);
         });
     }
     return app.exec();

@@ -47,5 +47,34 @@ TEST(ScreenshotTest, TheMainWindowShowsTheDemoProject) {
     EXPECT_GT(colours.size(), 20) << "the picture looks blank";
 }
 
+// Twice on the same private home: a run that left the project's lock behind would make the
+// second one wait on "File in use" until killed. An unknown view is refused before any window.
+TEST(ScreenshotTest, TheCheckPageViewCanBePicturedAgainAndAgain) {
+    const QString xvfb = QStandardPaths::findExecutable(QStringLiteral("xvfb-run"));
+    if (xvfb.isEmpty())
+        GTEST_SKIP() << "xvfb-run is not installed";
+    test::TempFolder home;
+    const QString homePath = QString::fromStdString(home.Path().string());
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("HOME"), homePath);
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), homePath + QStringLiteral("/.config"));
+    environment.insert(QStringLiteral("XDG_DATA_HOME"), homePath + QStringLiteral("/.local/share"));
+    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    const std::pair<const char*, int> runs[] = {{"radius", 0}, {"outline", 0}, {"sideways", 2}};
+    for (const auto& [view, exitCode] : runs) {
+        const QString picture = QString::fromStdString(home.File(std::string(view) + ".png"));
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(xvfb,
+                      {QStringLiteral("-a"), QStringLiteral("-s"), QStringLiteral("-screen 0 1280x1024x24"),
+                       QStringLiteral(CORVANE_PROGRAM), QStringLiteral("--demo"), QStringLiteral("--page"),
+                       QStringLiteral("check"), QStringLiteral("--view"), QString::fromLatin1(view),
+                       QStringLiteral("--reference-panel"), QStringLiteral("--screenshot"), picture});
+        ASSERT_TRUE(process.waitForFinished(60000)) << view << ": the program did not quit";
+        EXPECT_EQ(process.exitCode(), exitCode) << view;
+        EXPECT_EQ(QImage(picture).isNull(), exitCode != 0) << view;
+    }
+}
+
 } // namespace
 } // namespace corvane
