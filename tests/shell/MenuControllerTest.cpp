@@ -6,9 +6,14 @@
 #include "model/clsSection.h"
 #include "shell/ScanCommands.h"
 #include "shell/ToolsCommands.h"
+#include "shell/frmHelp.h"
+#include "shell/frmOptions.h"
 #include "support/Services.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QKeySequence>
+#include <QTimer>
 
 #include <QMenu>
 #include <fstream>
@@ -52,7 +57,8 @@ TEST_F(MenuTest, EveryEntryCarriesItsCaption) {
         {"mnuCheckPlotZoom_1", "&Magnified Y scale..."}, {"mnuToolsOpenReferencePage", "&Show REF panel..."},
         {"mnuToolsReferenceEditor", "&Custom Reference editor..."}, {"mnuToolsSettings", "&Settings..."},
         {"mnuHelpContents", "&Contents"}, {"mnuHelpSearch", "&Search for help on..."},
-        {"mnuHelpTechSupport", "&Obtaining Technical Support"}, {"mnuHelpAbout", "&About Corvane..."}};
+        {"mnuHelpTechSupport", "&Obtaining Technical Support"}, {"mnuHelpEmailErrorReport", "&Email error report..."},
+        {"mnuHelpAbout", "&About Corvane..."}};
     // clang-format on
     for (const auto& [name, caption] : captions) {
         EXPECT_EQ(Caption(name), caption) << name;
@@ -181,12 +187,34 @@ TEST_F(MenuTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
     window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
 }
 
-TEST_F(MenuTest, CommandsOfLaterWorkSayTheyAreNotAvailable) {
+// The Settings dialog opens over the Scan page; what OK saved is in force when it closes.
+TEST_F(MenuTest, SettingsSavedOnOKAreInForceAfterwards) {
     UseDemoScans(1);
     window->ctlScanButton_Click();
-    prompts.Expect(Answer::OK, "The settings dialog is not available yet.");
+    ASSERT_FALSE(gFootPedal);
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<frmOptions*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QComboBox*>(QStringLiteral("cboFootPedal"))->setCurrentIndex(1);
+        dialog->ClickOK();
+    });
+    gScanOrderMode = 1;
     Entry("mnuToolsSettings")->trigger();
-    EXPECT_EQ(prompts.History().back().title, "Corvane");
+    EXPECT_TRUE(gFootPedal);
+    EXPECT_EQ(gScanOrderMode, 0);
+}
+
+TEST_F(MenuTest, HelpOpensThePagesInstalledWithTheProgram) {
+    gHelpFileFound = true;
+    gHelpFilePath = CORVANE_SOURCE_DIR "/data/help/index.html";
+    Entry("mnuHelpTechSupport")->trigger();
+    frmHelp* help = window->Tools().HelpWindow();
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->CurrentPage(), QStringLiteral("support.html"));
+    Entry("mnuHelpContents")->trigger();
+    EXPECT_EQ(window->Tools().HelpWindow(), help);
+    EXPECT_EQ(help->CurrentPage(), QStringLiteral("index.html"));
 }
 
 TEST_F(MenuTest, ImportingAScanAddsItAfterSayingHowTheFileDiffers) {
