@@ -9,6 +9,7 @@
 #include "files/modProjectCommands.h"
 #include "files/modSettings.h"
 #include "model/Globals.h"
+#include "platform/InterfaceStyle.h"
 #include "platform/QtServices.h"
 #include "platform/USB4Library.h"
 #include "shell/CheckPageController.h"
@@ -41,6 +42,18 @@ QString DemoProjectPath() {
     const QString installed =
         QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("../share/corvane/demo.cvpj"));
     for (const QString& candidate : {installed, QStringLiteral(CORVANE_DATA_DIR "/demo.cvpj")}) {
+        if (QFileInfo::exists(candidate)) {
+            return QFileInfo(candidate).absoluteFilePath();
+        }
+    }
+    return {};
+}
+
+// The help pages: installed beside the program's data, or in the source tree of a build.
+QString HelpIndexPath() {
+    const QString installed = QDir(QCoreApplication::applicationDirPath())
+                                  .filePath(QStringLiteral("../share/corvane/help/index.html"));
+    for (const QString& candidate : {installed, QStringLiteral(CORVANE_DATA_DIR "/help/index.html")}) {
         if (QFileInfo::exists(candidate)) {
             return QFileInfo(candidate).absoluteFilePath();
         }
@@ -160,9 +173,18 @@ int main(int argc, char** argv) {
         corvane::DAQState daq(station->Box());
         return corvane::DAQDiscover(daq) == 1;
     };
+    hooks.applyInterfaceStyle = [] { corvane::ApplyInterfaceFont(); };
     hooks.fillEncoderTypeTags = [] { corvane::FillEncoderTypeTags(); };
     hooks.readDefaultOptions = [] { corvane::ReadDefaultOptions(); };
-    hooks.createNewProject = [] { corvane::CreateNewProject(); };
+    hooks.createNewProject = [] {
+        // The help pages are found where they were installed, not only beside the program.
+        const QString help = HelpIndexPath();
+        if (!corvane::gHelpFileFound && !help.isEmpty()) {
+            corvane::gHelpFileFound = true;
+            corvane::gHelpFilePath = help.toStdString();
+        }
+        corvane::CreateNewProject();
+    };
     hooks.showMainWindow = [&] {
         window = std::make_unique<corvane::frmCorvane>(std::move(station));
         services.prompts.SetParentWindow(window.get());

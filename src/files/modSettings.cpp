@@ -108,8 +108,9 @@ std::string TableWord(std::span<const char* const> table, int index, const char*
                : otherwise;
 }
 
-// Fills the library and archive folders that are missing and creates folders for them. The
-// parents are created too: on a fresh machine not even the application data folder's
+} // namespace
+
+// The parents are created too: on a fresh machine not even the application data folder's
 // "Corvane" folder exists.
 void DeriveFolders(DefaultOptions& values) {
     std::string& root = values.rootDirectory;
@@ -133,8 +134,6 @@ void DeriveFolders(DefaultOptions& values) {
         EnsureFolderTree(root);
     }
 }
-
-} // namespace
 
 // The registry of the historic stations holds numbers as the user's locale printed them, and
 // so does this store: a comma user finds "0,5" in a value, as before. Reading goes through

@@ -70,6 +70,11 @@ struct DefaultOptions {
 // errors go to the error handler with the context "reading default options".
 void ReadDefaultOptions(const std::string& rootKey, const std::string& subKey, DefaultOptions& values,
                         const std::string& oldRootKey);
+// Fills the library and archive folders that are empty: both under the application data folder
+// ("Corvane/Project", "Corvane/Archive"), or "Archive" below the library, or "Project" below the
+// archive; the folders derived are created (the archive below a given library is left to the
+// library's own checks).
+void DeriveFolders(DefaultOptions& values);
 // Creates the key and writes every value, in a fixed order. Errors: "writing default options".
 void WriteDefaultOptions(const std::string& rootKey, const std::string& subKey, const DefaultOptions& values);
 

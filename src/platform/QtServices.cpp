@@ -3,7 +3,7 @@
 namespace corvane {
 
 QtServices::QtServices() : previous_(InstalledServices()) {
-    InstallServices(Services{&prompts, &settings, &clock, &environment, &events, &sound});
+    InstallServices(Services{&prompts, &settings, &clock, &environment, &events, &sound, &mail});
 }
 
 QtServices::~QtServices() {

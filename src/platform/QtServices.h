@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DesktopMailTransport.h"
 #include "platform/QtEnvironment.h"
 #include "platform/QtEventPump.h"
 #include "platform/QtPrompts.h"
@@ -24,6 +25,7 @@ public:
     QtEnvironment environment;
     QtEventPump events;
     QtSound sound;
+    DesktopMailTransport mail;
 
 private:
     Services previous_;

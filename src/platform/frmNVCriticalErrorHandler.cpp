@@ -1,6 +1,8 @@
 #include "platform/frmNVCriticalErrorHandler.h"
 
+#include "files/modProjectFile.h"
 #include "model/Globals.h"
+#include "reports/modErrorReport.h"
 #include "support/Services.h"
 
 #include <QApplication>
@@ -31,7 +33,7 @@ QString Plain(const std::string& text) {
 } // namespace
 
 frmNVCriticalErrorHandler::frmNVCriticalErrorHandler(const std::string& report, bool showEmail,
-                                                     bool showAbort, QWidget* parent)
+                                                     bool showAbort, QWidget* parent, ProjectCopy projectCopy)
     : QDialog(parent,
               Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint | Qt::WindowStaysOnTopHint),
       txtErrorMsg_(new QPlainTextEdit(this)),
@@ -39,7 +41,8 @@ frmNVCriticalErrorHandler::frmNVCriticalErrorHandler(const std::string& report, 
       cmdOK_(new QPushButton(QStringLiteral("OK"), this)),
       lblEmailNV_(new QLabel(QStringLiteral("Email Norvelle information about this error:"), this)),
       chkIncludeData_(new QCheckBox(QStringLiteral("Include current project data"), this)),
-      cmdEmail_(new QPushButton(QStringLiteral("&Email Norvelle"), this)), answer_(Answer::Ignore) {
+      cmdEmail_(new QPushButton(QStringLiteral("&Email Norvelle"), this)), answer_(Answer::Ignore),
+      report_(report), projectCopy_(std::move(projectCopy)) {
     setObjectName(QStringLiteral("frmNVCriticalErrorHandler"));
     setWindowTitle(QString::fromStdString(gAppTitle + " Error"));
     setModal(true);
@@ -63,8 +66,7 @@ frmNVCriticalErrorHandler::frmNVCriticalErrorHandler(const std::string& report, 
     cmdOK_->setAutoDefault(true);
     connect(cmdOK_, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
 
-    // The e-mail part is shown with the option; sending waits for the mail client, so the
-    // button stays greyed until then.
+    // The e-mail part is shown with the option; the dialog stays open after sending.
     lblEmailNV_->setObjectName(QStringLiteral("lblEmailNV"));
     chkIncludeData_->setObjectName(QStringLiteral("chkIncludeData"));
     cmdEmail_->setObjectName(QStringLiteral("cmdEmail"));
@@ -72,8 +74,9 @@ frmNVCriticalErrorHandler::frmNVCriticalErrorHandler(const std::string& report, 
     chkIncludeData_->setVisible(showEmail);
     chkIncludeData_->setEnabled(showEmail);
     cmdEmail_->setVisible(showEmail);
-    cmdEmail_->setEnabled(false);
+    cmdEmail_->setEnabled(showEmail);
     cmdEmail_->setAutoDefault(false);
+    connect(cmdEmail_, &QPushButton::clicked, this, [this] { cmdEmail_Click(); });
 
     auto* layout = new QVBoxLayout(this);
     auto* top = new QHBoxLayout();
@@ -108,6 +111,18 @@ int frmNVCriticalErrorHandler::ShowModal() {
 void frmNVCriticalErrorHandler::cmdOK_Click() {
     const bool abort = chkAbortAndClose_->isEnabled() && chkAbortAndClose_->isChecked();
     CloseWith(abort ? Answer::Abort : Answer::Ignore);
+}
+
+ProjectCopy frmNVCriticalErrorHandler::OpenProjectCopy() {
+    return [](const std::string& path) { return gProject && WriteProjectFile(path) == 1; };
+}
+
+void frmNVCriticalErrorHandler::cmdEmail_Click() {
+    const bool includeData = chkIncludeData_->isEnabled() && chkIncludeData_->isChecked();
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const int status = SendCriticalErrorEmail(report_, includeData ? projectCopy_ : ProjectCopy{});
+    QApplication::restoreOverrideCursor();
+    (void)status; // a failure was told to the user; the dialog stays for a second try
 }
 
 void frmNVCriticalErrorHandler::CloseWith(int answer) {

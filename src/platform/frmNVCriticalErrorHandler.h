@@ -2,6 +2,7 @@
 
 #include <QDialog>
 
+#include <functional>
 #include <string>
 
 class QCheckBox;
@@ -19,8 +20,15 @@ class frmNVCriticalErrorHandler : public QDialog {
     Q_OBJECT
 
 public:
+    // Saves a copy of the open project to a path (the ProjectCopy of the error report).
+    using ProjectCopy = std::function<bool(const std::string& path)>;
+
+    // projectCopy saves the copy of the open project that "Include current project data"
+    // sends; by default the open project, when there is one.
     frmNVCriticalErrorHandler(const std::string& report, bool showEmail, bool showAbort,
-                              QWidget* parent = nullptr);
+                              QWidget* parent = nullptr, ProjectCopy projectCopy = OpenProjectCopy());
+
+    static ProjectCopy OpenProjectCopy();
 
     // Runs the dialog modally with the default mouse pointer, puts the previous pointer back and
     // gives the answer.
@@ -33,6 +41,7 @@ protected:
 
 private:
     void cmdOK_Click();
+    void cmdEmail_Click();
     void CloseWith(int answer);
 
     QPlainTextEdit* txtErrorMsg_;
@@ -42,6 +51,8 @@ private:
     QCheckBox* chkIncludeData_;
     QPushButton* cmdEmail_;
     int answer_;
+    std::string report_;
+    ProjectCopy projectCopy_;
 };
 
 } // namespace corvane

@@ -172,6 +172,8 @@ void MenuController::BuildHelpMenu(QMenuBar* bar) {
                              [&tools] { tools.mnuHelpSearch_Click(); });
     mnuHelpTechSupport = AddEntry(mnuHelp, "mnuHelpTechSupport", "&Obtaining Technical Support",
                                   [&tools] { tools.mnuHelpTechSupport_Click(); });
+    mnuHelpEmailErrorReport = AddEntry(mnuHelp, "mnuHelpEmailErrorReport", "&Email error report...",
+                                       [&tools] { tools.mnuHelpEmailErrorReport_Click(); });
     mnuHelp->addSeparator();
     mnuHelpAbout =
         AddEntry(mnuHelp, "mnuHelpAbout", "&About Corvane...", [&tools] { tools.mnuHelpAbout_Click(); });

@@ -63,6 +63,7 @@ public:
     QAction* mnuHelpContents;
     QAction* mnuHelpSearch;
     QAction* mnuHelpTechSupport;
+    QAction* mnuHelpEmailErrorReport;
     QAction* mnuHelpAbout;
 
 private:

@@ -10,6 +10,7 @@
 #include "shell/UnavailablePage.h"
 #include "shell/clsFileDialog.h"
 #include "shell/frmCorvane.h"
+#include "shell/frmScanOptions.h"
 #include "support/ErrorTail.h"
 #include "support/Notice.h"
 #include "support/Services.h"
@@ -120,8 +121,12 @@ void ScanCommands::ScanModeChanged() {
 }
 
 void ScanCommands::mnuScanOptions_Click() {
-    if (gScanMode != 1) {
-        SayNotAvailableYet("The scan options");
+    if (gScanMode == 1) {
+        return; // manual entry has no scan sequence to choose
+    }
+    frmScanOptions dialog(&window_);
+    if (dialog.exec() == QDialog::Accepted) {
+        window_.Navigator().NotifyStateChanged();
     }
 }
 

@@ -1,18 +1,27 @@
 #include "shell/ToolsCommands.h"
 
+#include "files/modProjectFile.h"
 #include "model/AppVersion.h"
 #include "model/Globals.h"
 #include "model/clsCorvane.h"
 #include "model/modReferenceSource.h"
+#include "platform/DesktopCapture.h"
+#include "platform/InterfaceStyle.h"
+#include "reports/modErrorReport.h"
 #include "shell/CheckPageController.h"
 #include "shell/PageNavigator.h"
+#include "shell/ScanPageController.h"
 #include "shell/UnavailablePage.h"
 #include "shell/frmCorvane.h"
+#include "shell/frmHelp.h"
+#include "shell/frmOptions.h"
 #include "shell/frmReferenceEditor.h"
 #include "support/Services.h"
 
-#include <QDesktopServices>
-#include <QUrl>
+#include "files/modSettings.h"
+
+#include <QApplication>
+#include <QTimer>
 
 namespace corvane {
 
@@ -53,7 +62,26 @@ void ToolsCommands::mnuToolsReferenceEditor_Click() {
 }
 
 void ToolsCommands::mnuToolsSettings_Click() {
-    SayNotAvailableYet("The settings dialog");
+    // The arm is read by the dialog's calibration alone while it is open: the Scan page's
+    // polling would take the counts it is about to reset.
+    QTimer* timer = window_.tmrAcquire();
+    const bool polling = timer != nullptr && timer->isActive();
+    if (polling) {
+        timer->stop();
+    }
+    frmOptions dialog(&window_.ScanPage().Workflow().Daq(), &window_);
+    QObject::connect(&dialog, &frmOptions::HelpRequested, &dialog, [this] { OpenHelp("settings.html"); });
+    dialog.exec();
+    if (dialog.Saved()) {
+        // The settings written are in force from now on; the scan sequence starts over.
+        ReadDefaultOptions();
+        gScanOrderMode = 0;
+        ApplyInterfaceFont();
+        window_.Navigator().NotifyStateChanged();
+    }
+    if (polling) {
+        timer->start();
+    }
 }
 
 bool ToolsCommands::HelpFileThere() const {
@@ -65,27 +93,44 @@ bool ToolsCommands::HelpFileThere() const {
     return false;
 }
 
-void ToolsCommands::OpenHelp(const char* topic) {
+void ToolsCommands::OpenHelp(const char* page, bool search) {
     if (!HelpFileThere()) {
         return;
     }
-    QUrl url = QUrl::fromLocalFile(QString::fromStdString(gHelpFilePath));
-    if (topic != nullptr) {
-        url.setFragment(QString::fromLatin1(topic));
+    if (help_ == nullptr) {
+        help_ = new frmHelp(QString::fromStdString(gHelpFilePath), &window_);
+        help_->setAttribute(Qt::WA_DeleteOnClose);
     }
-    QDesktopServices::openUrl(url);
+    help_->ShowPage(QString::fromLatin1(page));
+    help_->show();
+    help_->raise();
+    help_->activateWindow();
+    if (search) {
+        help_->StartSearch();
+    }
+}
+
+frmHelp* ToolsCommands::HelpWindow() const {
+    return help_;
 }
 
 void ToolsCommands::mnuHelpContents_Click() {
-    OpenHelp(nullptr);
+    OpenHelp("index.html");
 }
 
 void ToolsCommands::mnuHelpSearch_Click() {
-    OpenHelp("search");
+    OpenHelp("index.html", true);
 }
 
 void ToolsCommands::mnuHelpTechSupport_Click() {
-    OpenHelp("1010");
+    OpenHelp("support.html");
+}
+
+void ToolsCommands::mnuHelpEmailErrorReport_Click() {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    (void)SendErrorReport(CaptureDesktop,
+                          [](const std::string& path) { return gProject && WriteProjectFile(path) == 1; });
+    QApplication::restoreOverrideCursor();
 }
 
 void ToolsCommands::mnuHelpAbout_Click() {

@@ -60,9 +60,8 @@ frmCorvane::frmCorvane(std::unique_ptr<ArmStation> arm, QWidget* parent)
     setObjectName(QStringLiteral("frmCorvane"));
     ErrorTail tail("loading main interface");
     tail.Step([this] { PlaceWindow(); });
-    // The error dialog takes its small form until the program can send e-mail: an e-mail part
-    // whose button can never be pressed only misleads. Its settings are read here then too.
-    gShowEmailOption = false;
+    // Error reports can go to support through the desktop's mail program.
+    gShowEmailOption = true;
     gShowAbortOption = true;
     previousShutdownSteps_ = SetShutdownSteps([this] { RunShutdownSteps(false); });
 

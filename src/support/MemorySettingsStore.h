@@ -18,12 +18,16 @@ public:
     bool SetValue(const std::string& key, const std::string& name, const std::string& value) override;
     void DeleteValue(const std::string& key, const std::string& name) override;
 
+    using Contents = std::map<std::string, std::map<std::string, std::string>>;
+    // Every key with its values, to compare the store before and after.
+    const Contents& Snapshot() const { return keys_; }
+
     // When set, every write fails, as a locked-down registry would.
     void SetReadOnly(bool readOnly) { readOnly_ = readOnly; }
 
 private:
     static std::string NormalKey(const std::string& key);
-    std::map<std::string, std::map<std::string, std::string>> keys_;
+    Contents keys_;
     bool readOnly_ = false;
 };
 

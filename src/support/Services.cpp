@@ -23,6 +23,7 @@ struct StandIns {
     FixedEnvironment environment;
     RecordingEventPump events;
     SilentSound sound;
+    RecordingMailTransport mail{-1};
     StandIns() { prompts.SetAnswerFreely(true); }
 };
 
@@ -64,6 +65,10 @@ IEventPump& Events() {
 }
 ISound& Sound() {
     return Installed().sound ? *Installed().sound : Fallback().sound;
+}
+
+IMailTransport& Mail() {
+    return Installed().mail ? *Installed().mail : Fallback().mail;
 }
 
 void InstallServices(const Services& services) {

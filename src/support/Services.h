@@ -6,6 +6,7 @@
 // ones, and tests scripted ones that answer prompts and record every text shown.
 
 #include "model/DateTime.h"
+#include "support/MailTransport.h"
 
 #include <optional>
 #include <string>
@@ -115,6 +116,7 @@ struct Services {
     IEnvironment* environment = nullptr;
     IEventPump* events = nullptr;
     ISound* sound = nullptr;
+    IMailTransport* mail = nullptr;
 };
 
 // The installed services. Any service not installed answers with a harmless stand-in: prompts
@@ -125,6 +127,8 @@ IClock& Clock();
 IEnvironment& Environment();
 IEventPump& Events();
 ISound& Sound();
+// Without a mail program installed, messages are kept and refused (status -1).
+IMailTransport& Mail();
 
 // Installs a set of services for the life of the scope and puts the previous set back after.
 class ServiceScope {

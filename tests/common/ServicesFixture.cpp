@@ -39,8 +39,8 @@ void ServicesTest::SetUp() {
     environment.programFilePath = temp->Folder() + "bin/corvane";
     std::filesystem::create_directories(temp->Path() / "appdata");
     std::filesystem::create_directories(temp->Path() / "tmp");
-    scope_ =
-        std::make_unique<ServiceScope>(Services{&prompts, &settings, &clock, &environment, &events, &sound});
+    scope_ = std::make_unique<ServiceScope>(
+        Services{&prompts, &settings, &clock, &environment, &events, &sound, &mail});
 }
 
 void ServicesTest::TearDown() {

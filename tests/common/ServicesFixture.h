@@ -44,6 +44,7 @@ protected:
     FixedEnvironment environment;
     RecordingEventPump events;
     SilentSound sound;
+    RecordingMailTransport mail; // no test sends mail
     std::unique_ptr<TempFolder> temp;
 
 private:

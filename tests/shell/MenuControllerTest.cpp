@@ -6,9 +6,15 @@
 #include "model/clsSection.h"
 #include "shell/ScanCommands.h"
 #include "shell/ToolsCommands.h"
+#include "shell/frmHelp.h"
+#include "shell/frmOptions.h"
+#include "support/Services.h"
 
+#include <QApplication>
+#include <QComboBox>
 #include <QKeySequence>
 #include <QMenu>
+#include <QTimer>
 
 #include <fstream>
 
@@ -146,6 +152,36 @@ TEST_F(MenuControllerTest, ResettingTheScanBufferAsksWithTheStationAndBlade) {
     window->Scans().mnuScanResetBuffer_Click(); // an empty buffer asks nothing
 }
 
+// The Settings dialog opens over the Scan page; what OK saved is in force when it closes.
+TEST_F(MenuControllerTest, SettingsSavedOnOKAreInForceAfterwards) {
+    UseDemoScans(1);
+    window->ctlScanButton_Click();
+    ASSERT_FALSE(gFootPedal);
+    QTimer::singleShot(0, [] {
+        auto* dialog = qobject_cast<frmOptions*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QComboBox*>(QStringLiteral("cboFootPedal"))->setCurrentIndex(1);
+        dialog->ClickOK();
+    });
+    gScanOrderMode = 1;
+    Entry("mnuToolsSettings")->trigger();
+    EXPECT_TRUE(gFootPedal);
+    EXPECT_EQ(gScanOrderMode, 0);
+}
+
+TEST_F(MenuControllerTest, HelpOpensThePagesInstalledWithTheProgram) {
+    gHelpFileFound = true;
+    gHelpFilePath = CORVANE_SOURCE_DIR "/data/help/index.html";
+    Entry("mnuHelpTechSupport")->trigger();
+    frmHelp* help = window->Tools().HelpWindow();
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->CurrentPage(), QStringLiteral("support.html"));
+    Entry("mnuHelpContents")->trigger();
+    EXPECT_EQ(window->Tools().HelpWindow(), help);
+    EXPECT_EQ(help->CurrentPage(), QStringLiteral("index.html"));
+}
+
 TEST_F(MenuControllerTest, ImportingAScanAddsItAfterSayingHowTheFileDiffers) {
     UseDemoScans(1);
     window->ctlScanButton_Click();
@@ -182,7 +218,6 @@ TEST_F(MenuControllerTest, EntriesWithoutTheirFeatureSaySo) {
     gHelpFileFound = false;
     // clang-format off
     const std::vector<std::tuple<const char*, const char*, const char*>> cases = {
-        {"mnuToolsSettings", "The settings dialog is not available yet.", "Corvane"},
         {"mnuHelpContents", "Corvane Help file not found.", "Corvane Help File Error"},
         {"mnuHelpAbout", "Corvane 1.", "About Corvane"}};
     // clang-format on

@@ -238,7 +238,7 @@ TEST_F(frmCorvaneTest, ClosingAsksToSaveThenConfirmsRemovesTheLockAndRemembersTh
 
 // Abort in the critical error dialog ends the program without the closing's questions and
 // without a save, but the open project is freed and the acquisition stopped on the way out. The
-// dialog has its small form: no e-mail part whose button could never be pressed.
+// dialog offers both its options.
 TEST_F(frmCorvaneTest, AbortInTheErrorDialogFreesTheProjectWithoutAsking) {
     FillRequiredFields();
     gProjectFileName = "TUG-0417_20261122_090507.cvpj";
@@ -253,7 +253,7 @@ TEST_F(frmCorvaneTest, AbortInTheErrorDialogFreesTheProjectWithoutAsking) {
     EXPECT_EQ(events.endRequests, 1);
     ASSERT_EQ(prompts.History().size(), 1u);
     EXPECT_EQ(prompts.History()[0].kind, ScriptedPrompts::Kind::CriticalError);
-    EXPECT_EQ(prompts.History()[0].style, 2); // abort shown, e-mail not
+    EXPECT_EQ(prompts.History()[0].style, 3); // abort and e-mail shown
     EXPECT_FALSE(fs::exists(LockFilePath(InLibrary(gProjectFileName))));
     EXPECT_FALSE(fs::exists(InLibrary(gProjectFileName)));
     EXPECT_FALSE(window->tmrAcquire()->isActive());

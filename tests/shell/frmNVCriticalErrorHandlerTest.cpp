@@ -1,7 +1,10 @@
 #include "platform/frmNVCriticalErrorHandler.h"
 
+#include "common/ServicesFixture.h"
 #include "model/Globals.h"
 #include "platform/QtPrompts.h"
+#include "support/Services.h"
+#include "support/modErrorHandler.h"
 
 #include "shell/QtTestApp.h"
 
@@ -11,6 +14,8 @@
 #include <QTest>
 #include <QTimer>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 
 namespace corvane {
@@ -32,7 +37,7 @@ TEST_F(frmNVCriticalErrorHandlerTest, ShowsTheReportReadOnlyOnTopWithTheOptions)
     EXPECT_EQ(report->toPlainText(), QString::fromStdString(kReport).replace(QStringLiteral("\r\n"), "\n"));
     auto* email = Child<QPushButton>(dialog, "cmdEmail");
     EXPECT_FALSE(email->isHidden());
-    EXPECT_FALSE(email->isEnabled()); // sending waits for the mail client
+    EXPECT_TRUE(email->isEnabled());
     EXPECT_TRUE(Child<QCheckBox>(dialog, "chkIncludeData")->isEnabled());
     EXPECT_GT(dialog.height(), 185);
 }
@@ -83,6 +88,41 @@ TEST_F(frmNVCriticalErrorHandlerTest, PromptsRunItModallyWithTheArrowAndPutTheCu
         dialog.findChild<QPushButton*>(QStringLiteral("cmdOK"))->click();
     });
     EXPECT_EQ(prompts.ShowCriticalError(kReport, true, true), Answer::Abort);
+}
+
+class CriticalErrorEmailTest : public test::ServicesTest {
+protected:
+    QApplication& app = test::TestApp();
+};
+
+// The report goes to support with the log, and with a copy of the project only when asked; a
+// mail program that refuses is told, and the dialog stays for another try.
+TEST_F(CriticalErrorEmailTest, EmailHandsTheReportLogAndProjectCopyOver) {
+    gLogFolder = temp->Folder();
+    std::ofstream(GetErrorLogPath()) << "Nov 22 2026, 09:05:07, 53, File not found\r\n";
+    frmNVCriticalErrorHandler dialog(kReport, true, true, nullptr, [](const std::string& path) {
+        return static_cast<bool>(std::ofstream(path) << "[Project]\r\n");
+    });
+    Child<QCheckBox>(dialog, "chkIncludeData")->setChecked(true);
+    Child<QPushButton>(dialog, "cmdEmail")->click();
+    Child<QCheckBox>(dialog, "chkIncludeData")->setChecked(false);
+    Child<QPushButton>(dialog, "cmdEmail")->click();
+    ASSERT_EQ(mail.sent.size(), 2u);
+    const MailMessage& withData = mail.sent[0];
+    EXPECT_EQ(withData.subject, "Corvane Error Report");
+    EXPECT_EQ(withData.text.rfind(kReport, 0), 0u);
+    EXPECT_NE(withData.text.find("\r\n\r\nBuild code: "), std::string::npos);
+    EXPECT_NE(withData.text.find("Date: 22 Nov 2026 09:05"), std::string::npos);
+    ASSERT_EQ(withData.attachments.size(), 2u);
+    EXPECT_EQ(withData.attachments[0].name, "corvaneError.log");
+    EXPECT_EQ(withData.attachments[1].name, "20261122-0905.cvpj");
+    EXPECT_EQ(mail.attachmentsPresent[0], (std::vector<bool>{true, true}));
+    EXPECT_EQ(mail.sent[1].attachments.size(), 1u);
+
+    mail.status = -1;
+    prompts.Expect(Answer::OK, "Cannot prepare the error notification email.");
+    Child<QPushButton>(dialog, "cmdEmail")->click();
+    EXPECT_EQ(dialog.Answer(), Answer::Ignore);
 }
 
 } // namespace
