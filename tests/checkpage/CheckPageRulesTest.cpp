@@ -24,7 +24,7 @@ protected:
     }
 };
 
-TEST(CheckViewLayoutTest, PanelsAndZoomFollowTheViewAndTheDropEncoder) {
+TEST_F(CheckPageRulesTest, PanelsAndZoomFollowTheViewAndTheDropEncoder) {
     clsPropeller scan;
     scan.SetBladeCount(3);
     for (int b = 0; b < 3; ++b) {
@@ -61,7 +61,7 @@ TEST(CheckViewLayoutTest, PanelsAndZoomFollowTheViewAndTheDropEncoder) {
     EXPECT_EQ(CheckViewByName("radius"), kViewRadius);
 }
 
-TEST(CheckRedrawTest, DrawsOnlyWhenSomethingShownChanged) {
+TEST_F(CheckPageRulesTest, DrawsOnlyWhenSomethingShownChanged) {
     CheckDrawState drawn;
     drawn.width = 800;
     CheckDrawState resized = drawn, otherBlade = drawn, zoomedElement = drawn;
@@ -76,7 +76,7 @@ TEST(CheckRedrawTest, DrawsOnlyWhenSomethingShownChanged) {
     }
 }
 
-TEST(CheckVerdictTextTest, QuickReadOutInvitesTheSearchUnlessTheAnswerIsKnown) {
+TEST_F(CheckPageRulesTest, QuickReadOutInvitesTheSearchUnlessTheAnswerIsKnown) {
     clsISO484 iso;
     struct Case {
         bool reference;

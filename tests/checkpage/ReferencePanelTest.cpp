@@ -15,7 +15,7 @@ protected:
     ReferencePanel panel;
 };
 
-TEST(ReferencePanelFieldsTest, EachSourceShowsItsOwnFields) {
+TEST_F(ReferencePanelTest, EachSourceShowsItsOwnFields) {
     struct Case {
         int source;
         bool scan, blades, pitch, file;
@@ -33,7 +33,7 @@ TEST(ReferencePanelFieldsTest, EachSourceShowsItsOwnFields) {
     }
 }
 
-TEST(ShortenedPathTest, KeepsTheTailFromAFolder) {
+TEST_F(ReferencePanelTest, KeepsTheTailFromAFolder) {
     EXPECT_EQ(ShortenedPath("/refs/a.cvrf", 20), "/refs/a.cvrf");
     EXPECT_EQ(ShortenedPath("/shop/references/2026/tug/prop.cvrf", 20), "...\\tug/prop.cvrf");
     EXPECT_EQ(ShortenedPath("/x/averyveryverylongname.cvrf", 12), "...\\ame.cvrf");

@@ -107,7 +107,6 @@ TEST_F(clsSplineFitTest, AnglesComeBackInZeroExclusiveToTwoPi) {
     EXPECT_NEAR(tangent, 2.0 * kPi, 1e-12); // a level curve reads 2*pi, never 0
     EXPECT_NEAR(curvature, 2.0 * kPi, 1e-12);
 
-
     // Bend sign: a convex run reads in the first quadrant, a concave one in the fourth.
     std::vector<PointDouble> cup;
     std::vector<PointDouble> cap;

@@ -194,7 +194,8 @@ TEST_F(modScanDataUtilitiesTest, ASectionWithoutRadialPositionGoesToTheHandler) 
     propeller.SetBladeCount(3);
     propeller.Blades(1)->SetSectionCount(8);
     propeller.Blades(1)->SetSection(3, Helix{}.Section());
-    prompts.Expect(Answer::Ignore, "A mathematical error has occurred processing the 3D surface measurement.");
+    prompts.Expect(Answer::Ignore,
+                   "A mathematical error has occurred processing the 3D surface measurement.");
     EXPECT_EQ(ProcessSectionMeasures(propeller, 1, 3), 0);
     EXPECT_EQ(ProcessSectionMeasures(propeller, 3, 3), 0);
 }

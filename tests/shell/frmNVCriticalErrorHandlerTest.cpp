@@ -26,7 +26,7 @@ const std::string kReport = "A file error has occurred reading the cvpj file fro
 
 using test::Child;
 
-class frmNVCriticalErrorHandlerTest : public ::testing::Test {
+class frmNVCriticalErrorHandlerTest : public test::ServicesTest {
 protected:
     QApplication& app = test::TestApp();
 };
@@ -90,14 +90,9 @@ TEST_F(frmNVCriticalErrorHandlerTest, PromptsRunItModallyWithTheArrowAndPutTheCu
     EXPECT_EQ(prompts.ShowCriticalError(kReport, true, true), Answer::Abort);
 }
 
-class CriticalErrorEmailTest : public test::ServicesTest {
-protected:
-    QApplication& app = test::TestApp();
-};
-
 // The report goes to support with the log, and with a copy of the project only when asked; a
 // mail program that refuses is told, and the dialog stays for another try.
-TEST_F(CriticalErrorEmailTest, EmailHandsTheReportLogAndProjectCopyOver) {
+TEST_F(frmNVCriticalErrorHandlerTest, EmailHandsTheReportLogAndProjectCopyOver) {
     gLogFolder = temp->Folder();
     std::ofstream(GetErrorLogPath()) << "Nov 22 2026, 09:05:07, 53, File not found\r\n";
     frmNVCriticalErrorHandler dialog(kReport, true, true, nullptr, [](const std::string& path) {
