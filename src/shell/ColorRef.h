@@ -24,4 +24,15 @@ inline std::uint32_t ToBGR(const QColor& colour) {
     return RGBColor(colour.red(), colour.green(), colour.blue());
 }
 
+// The pages' palette: the frames and faces of the panels, a pressed (or pending) panel, a
+// disabled one, the page ground.
+namespace pagecolours {
+inline constexpr std::uint32_t kFrameColor = RGBColor(37, 64, 97);
+inline constexpr std::uint32_t kFaceColor = RGBColor(55, 96, 145);
+inline constexpr std::uint32_t kPressedColor = RGBColor(228, 109, 10);
+inline constexpr std::uint32_t kDisabledColor = RGBColor(165, 165, 165);
+inline constexpr std::uint32_t kPageColor = RGBColor(232, 237, 243);
+inline constexpr std::uint32_t kPanelWhite = RGBColor(255, 255, 255);
+} // namespace pagecolours
+
 } // namespace corvane

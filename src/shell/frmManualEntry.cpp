@@ -18,10 +18,8 @@
 namespace corvane {
 namespace {
 
-constexpr std::uint32_t kFrameColor = RGBColor(37, 64, 97);
-constexpr std::uint32_t kFaceColor = RGBColor(55, 96, 145);
-constexpr std::uint32_t kPressedColor = RGBColor(228, 109, 10);
-constexpr std::uint32_t kWhite = RGBColor(255, 255, 255);
+using namespace pagecolours;
+constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 
 ctlPanelButton* EntryButton(QWidget* parent, const char* name, const QString& caption) {
     auto* button = new ctlPanelButton(parent);

@@ -20,11 +20,8 @@ namespace corvane {
 
 namespace {
 
-constexpr std::uint32_t kFrameColor = RGBColor(37, 64, 97);
-constexpr std::uint32_t kFaceColor = RGBColor(55, 96, 145);
-constexpr std::uint32_t kPressedColor = RGBColor(228, 109, 10);
-constexpr std::uint32_t kDisabledColor = RGBColor(165, 165, 165);
-constexpr std::uint32_t kWhite = RGBColor(255, 255, 255);
+using namespace pagecolours;
+constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 
 ctlPanelButton* BarButton(QWidget* parent, const char* name, const QString& caption, int action) {
     auto* button = new ctlPanelButton(parent);

@@ -31,11 +31,8 @@
 namespace corvane {
 namespace {
 
-constexpr std::uint32_t kFrameColor = RGBColor(37, 64, 97);
-constexpr std::uint32_t kFaceColor = RGBColor(55, 96, 145);
-constexpr std::uint32_t kPressedColor = RGBColor(228, 109, 10);
-constexpr std::uint32_t kWhite = RGBColor(255, 255, 255);
-constexpr std::uint32_t kPageColor = RGBColor(232, 237, 243);
+using namespace pagecolours;
+constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 constexpr std::uint32_t kMissingColor = RGBColor(255, 0, 0);
 
 // Widths of the page at which the panels go to three and to two columns, in pixels.

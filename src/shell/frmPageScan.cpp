@@ -18,12 +18,8 @@
 namespace corvane {
 namespace {
 
-constexpr std::uint32_t kFrameColor = RGBColor(37, 64, 97);
-constexpr std::uint32_t kFaceColor = RGBColor(55, 96, 145);
-constexpr std::uint32_t kPressedColor = RGBColor(228, 109, 10);
-constexpr std::uint32_t kDisabledColor = RGBColor(165, 165, 165);
-constexpr std::uint32_t kWhite = RGBColor(255, 255, 255);
-constexpr std::uint32_t kPageColor = RGBColor(232, 237, 243);
+using namespace pagecolours;
+constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 constexpr std::uint32_t kStatusRed = RGBColor(192, 0, 0);
 constexpr int kVisibleLetters = 3;
 const int kBarWidth = TwipsToPixels(2400);

@@ -26,11 +26,9 @@ namespace corvane {
 
 namespace {
 
-constexpr std::uint32_t kFrameColor = RGBColor(37, 64, 97);
-constexpr std::uint32_t kFaceColor = RGBColor(55, 96, 145);
-constexpr std::uint32_t kPendingColor = RGBColor(228, 109, 10);
-constexpr std::uint32_t kDisabledColor = RGBColor(165, 165, 165);
-constexpr std::uint32_t kWhite = RGBColor(255, 255, 255);
+using namespace pagecolours;
+constexpr std::uint32_t kPendingColor = pagecolours::kPressedColor;
+constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 const QColor kLockedCell(223, 223, 223);
 // The file field shows this many characters of the path at most.
 constexpr std::size_t kFileFieldChars = 34;
