@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace corvane {
 
@@ -201,12 +202,14 @@ void clsCoordinateGraph::DrawDashed(const std::vector<PointD>& twips, int style,
     tail.Step([&] {
         const float tpp = static_cast<float>(TwipsPerPixel());
         const float halfWidth = static_cast<float>(width) / 2;
+        std::vector<PointF> dashes;
         DashedWalk(twips, style, [&](PointD a, PointD b) {
-            const auto pen = layer_.CreatePen(BGRToARGB(colour, 255), 2 * halfWidth);
-            layer_.DrawLine(graphics_, pen, static_cast<float>(a.X) / tpp, static_cast<float>(a.Y) / tpp,
-                            static_cast<float>(b.X) / tpp, static_cast<float>(b.Y) / tpp);
-            layer_.DestroyPen(pen);
+            dashes.push_back({static_cast<float>(a.X) / tpp, static_cast<float>(a.Y) / tpp});
+            dashes.push_back({static_cast<float>(b.X) / tpp, static_cast<float>(b.Y) / tpp});
         });
+        const auto pen = layer_.CreatePen(BGRToARGB(colour, 255), 2 * halfWidth);
+        layer_.DrawSegments(graphics_, pen, dashes.data(), static_cast<int>(dashes.size()));
+        layer_.DestroyPen(pen);
     });
 }
 

@@ -112,6 +112,13 @@ public:
     // nothing. Polygon fill mode 0 alternate, 1 winding.
     virtual void AAClear(std::uint32_t argb) = 0;
     virtual void AAPolyline(const PointF* points, int count, const PenSpec& pen) = 0;
+    // Separate strokes of one pen, each from points[2i] to points[2i + 1] (a dashed line's
+    // dashes); a surface that can stroke them in one go does, the others stroke each as a line.
+    virtual void AASegments(const PointF* points, int count, const PenSpec& pen) {
+        for (int i = 0; i + 1 < count; i += 2) {
+            AAPolyline(points + i, 2, pen);
+        }
+    }
     virtual void AAPolygon(const PointF* points, int count, int fillMode, const PenSpec* pen,
                            const BrushSpec* brush) = 0;
     virtual void AAEllipse(const RectF& bounds, const PenSpec* pen, const BrushSpec* brush) = 0;

@@ -306,6 +306,16 @@ int clsGraphicsLineGDIpAA::DrawLines(Handle graphics, Handle pen, const PointF* 
     return 1;
 }
 
+int clsGraphicsLineGDIpAA::DrawSegments(Handle graphics, Handle pen, const PointF* points, int count) {
+    DrawingSurface* s = Surface(graphics);
+    const PenSpec* p = Pen(pen);
+    if (s == nullptr || p == nullptr || points == nullptr || count < 2) {
+        return 0;
+    }
+    s->AASegments(points, count, *p);
+    return 1;
+}
+
 int clsGraphicsLineGDIpAA::DrawLinesL(Handle graphics, Handle pen, const PointI* points, int count) {
     if (points == nullptr || count < 1) {
         return 0;

@@ -79,6 +79,8 @@ public:
     int DrawLine(Handle graphics, Handle pen, float x1, float y1, float x2, float y2);
     int DrawLineL(Handle graphics, Handle pen, int x1, int y1, int x2, int y2);
     int DrawLines(Handle graphics, Handle pen, const PointF* points, int count);
+    // Separate lines from points[2i] to points[2i + 1], stroked together.
+    int DrawSegments(Handle graphics, Handle pen, const PointF* points, int count);
     int DrawLinesL(Handle graphics, Handle pen, const PointI* points, int count);
     // Shapes fill first and outline second: with a brush the brush fills; otherwise a colour
     // that is not 0 fills through a brush made for the call; then the pen, if any, outlines.

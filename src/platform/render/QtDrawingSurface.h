@@ -60,6 +60,7 @@ public:
 
     void AAClear(std::uint32_t argb) override;
     void AAPolyline(const PointF* points, int count, const PenSpec& pen) override;
+    void AASegments(const PointF* points, int count, const PenSpec& pen) override;
     void AAPolygon(const PointF* points, int count, int fillMode, const PenSpec* pen,
                    const BrushSpec* brush) override;
     void AAEllipse(const RectF& bounds, const PenSpec* pen, const BrushSpec* brush) override;
