@@ -6,7 +6,7 @@
 //                      it into a 1,200 x 800 graph area (RADIUS LOCAL: all seven small graphs)
 //                                                                                target <= 50 ms
 
-#include "BenchProject.h"
+#include "BenchDrawing.h"
 #include "check/CheckRun.h"
 #include "checkpage/CheckPageRules.h"
 #include "checkpage/CheckViewDrawing.h"
@@ -14,38 +14,12 @@
 #include "graphs/modGraphsTop.h"
 #include "platform/render/QtDrawingSurface.h"
 
-#include <QGuiApplication>
 #include <benchmark/benchmark.h>
 
 #include <memory>
 
 namespace corvane::bench {
 namespace {
-
-// Drawing text needs Qt's application object; made once, on the offscreen platform.
-void EnsureGui() {
-    static int argc = 3;
-    static char name[] = "bench_graphs";
-    static char platform[] = "-platform";
-    static char offscreen[] = "offscreen";
-    static char* argv[] = {name, platform, offscreen, nullptr};
-    static QGuiApplication* app =
-        QCoreApplication::instance() == nullptr ? new QGuiApplication(argc, argv) : nullptr;
-    (void)app;
-}
-
-// The heavy scan, checked as CHECK checks it (no reference).
-void StartHeavyProject() {
-    StartBenchProject(BenchPropeller(7), 2000);
-    gProject->SetProjectID("BENCH");
-    gProject->SetCustomer("Bench");
-    gProject->SetMarkedPitch("2300");
-    CheckRequest request;
-    const CheckOutcome outcome = RunCheck(*gProject, *gISO484, request);
-    if (!outcome.Passed()) {
-        throw std::runtime_error("the bench scan does not pass the check");
-    }
-}
 
 void TopViewHeavyScan(benchmark::State& state) {
     EnsureGui();

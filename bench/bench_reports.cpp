@@ -3,14 +3,13 @@
 //   FullReportToPdf     7 blades x 8 sections x 2,000 points, Primary and Secondary   target <= 1.5 s
 //   StatusReportToPdf   the same scan, summary and top view                           target <= 0.5 s
 
-#include "BenchProject.h"
+#include "BenchDrawing.h"
 #include "check/CheckRun.h"
 #include "model/modReferenceSource.h"
 #include "platform/render/QtReportGraphs.h"
 #include "platform/render/ReportRenderer.h"
 #include "reports/modReports.h"
 
-#include <QGuiApplication>
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -19,36 +18,17 @@
 namespace corvane::bench {
 namespace {
 
-void EnsureGui() {
-    static int argc = 3;
-    static char name[] = "bench_reports";
-    static char platform[] = "-platform";
-    static char offscreen[] = "offscreen";
-    static char* argv[] = {name, platform, offscreen, nullptr};
-    static QGuiApplication* app =
-        QCoreApplication::instance() == nullptr ? new QGuiApplication(argc, argv) : nullptr;
-    (void)app;
-}
-
-void StartHeavyProject() {
-    StartBenchProject(BenchPropeller(7), 2000);
-    gProject->SetProjectID("BENCH");
-    gProject->SetCustomer("Bench");
-    gProject->SetMarkedPitch("2300");
-    gProject->SetReferenceSourceIndex(kReferenceScan);
-    gProject->SetReferenceConstantPitch(2300);
-    for (int b = 0; b < 7; ++b)
-        gProject->SetReferenceScanBladesEnabled(b, 1);
-    gISO484->SetISOCriteriaIndex(1);
-    CheckRequest request;
-    request.forReport = true;
-    if (!RunCheck(*gProject, *gISO484, request).Passed())
-        throw std::runtime_error("the bench scan does not pass the check");
-}
-
 template <bool Full> void ReportToPdf(benchmark::State& state) {
     EnsureGui();
-    StartHeavyProject();
+    StartHeavyProject(
+        [] {
+            gProject->SetReferenceSourceIndex(kReferenceScan);
+            gProject->SetReferenceConstantPitch(2300);
+            for (int b = 0; b < 7; ++b)
+                gProject->SetReferenceScanBladesEnabled(b, 1);
+            gISO484->SetISOCriteriaIndex(1);
+        },
+        true);
     const std::filesystem::path folder = std::filesystem::temp_directory_path() / "corvane-bench-reports";
     std::filesystem::create_directories(folder);
     QtReportGraphs graphs(folder.string() + "/");

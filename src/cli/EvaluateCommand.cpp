@@ -29,12 +29,8 @@ int RunEvaluate(const EvaluateOptions& options, std::ostream& out, std::ostream&
     EvaluationSummary summary;
     if (!SelectScan(kCommand, options.rotationIndex, options.scan, err, summary.scanIndex))
         return 2;
-    if (options.classIndex)
-        gISO484->SetISOClassIndex(*options.classIndex);
-    if (options.criteriaIndex)
-        gISO484->SetISOCriteriaIndex(*options.criteriaIndex);
     summary.scanLabel = ScanLabel(gProject->PropellerScan(summary.scanIndex)->ScanID());
-    if (!ApplyReferenceOptions(options, err))
+    if (!ApplyCheckOptions(options, err))
         return 2;
 
     const std::int16_t requested = gProject->ReferenceSourceIndex();

@@ -101,11 +101,7 @@ int RunGraph(const GraphCommandOptions& options, std::ostream& out, std::ostream
     int scanIndex = 0;
     if (!SelectScan(kCommand, e.rotationIndex, e.scan, err, scanIndex))
         return 2;
-    if (e.classIndex)
-        gISO484->SetISOClassIndex(*e.classIndex);
-    if (e.criteriaIndex)
-        gISO484->SetISOCriteriaIndex(*e.criteriaIndex);
-    if (!ApplyReferenceOptions(e, err))
+    if (!ApplyCheckOptions(e, err))
         return 2;
     CheckRequest check;
     check.scanIndex = scanIndex;

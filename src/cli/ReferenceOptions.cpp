@@ -1,6 +1,7 @@
 #include "cli/ReferenceOptions.h"
 
 #include "files/modReferenceFile.h"
+#include "iso484/clsISO484.h"
 #include "model/Globals.h"
 #include "model/clsBlades.h"
 #include "model/clsCorvane.h"
@@ -119,6 +120,14 @@ bool ApplyReferenceOptions(const EvaluateOptions& options, std::ostream& err) {
         UseBladesWithData();
     }
     return true;
+}
+
+bool ApplyCheckOptions(const EvaluateOptions& options, std::ostream& err) {
+    if (options.classIndex)
+        gISO484->SetISOClassIndex(*options.classIndex);
+    if (options.criteriaIndex)
+        gISO484->SetISOCriteriaIndex(*options.criteriaIndex);
+    return ApplyReferenceOptions(options, err);
 }
 
 } // namespace corvane::cli

@@ -19,6 +19,10 @@ namespace corvane::cli {
 // prompts before.
 bool ApplyReferenceOptions(const EvaluateOptions& options, std::ostream& err);
 
+// What a checking command takes from the command line before it checks: the ISO class and
+// criteria when given, then the reference as ApplyReferenceOptions does.
+bool ApplyCheckOptions(const EvaluateOptions& options, std::ostream& err);
+
 // The pitch at each row of the standard radial table from (r/R, pitch) points: straight lines
 // between the points in order of r/R, the end values beyond them. The project's table has one
 // row per section, and the nose-tail pitch of section k is taken against row k.

@@ -94,11 +94,7 @@ int RunReport(const ReportCommandOptions& options, std::ostream& out, std::ostre
         err << "corvane-cli report: the compare scan is the scan itself\n";
         return 2;
     }
-    if (e.classIndex)
-        gISO484->SetISOClassIndex(*e.classIndex);
-    if (e.criteriaIndex)
-        gISO484->SetISOCriteriaIndex(*e.criteriaIndex);
-    if (!ApplyReferenceOptions(e, err))
+    if (!ApplyCheckOptions(e, err))
         return 2;
     const std::string target = options.pdf.empty() ? options.csv : options.pdf;
     if (IsReadOnlyFile(target)) {
