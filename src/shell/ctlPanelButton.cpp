@@ -344,4 +344,17 @@ void ctlPanelButton::ReadProperties(const QVariantMap& bag) {
     SetToolTips(bag.value(QStringLiteral("ToolTips")).toString());
 }
 
+ctlPanelButton* NewPagePanel(QWidget* parent, const char* name, const QString& caption, int clickAction,
+                             std::uint32_t disabled) {
+    auto* button = new ctlPanelButton(parent);
+    button->setObjectName(QString::fromLatin1(name));
+    button->SetPanelColors(pagecolours::kFrameColor, disabled, pagecolours::kFaceColor,
+                           pagecolours::kPressedColor);
+    button->SetForeColor(pagecolours::kPanelWhite);
+    button->SetSize(0);
+    button->SetClickAction(clickAction);
+    button->SetCaption(caption);
+    return button;
+}
+
 } // namespace corvane

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/ColorRef.h"
+
 #include <QString>
 #include <QVariantMap>
 #include <QWidget>
@@ -139,5 +141,10 @@ private:
     bool clickWaiting_ = false;
     QTimer* momentaryTimer_;
 };
+
+// A panel of the pages' palette with a white caption, named for the tests and the settings;
+// `disabled` is the face it shows when it cannot be clicked.
+ctlPanelButton* NewPagePanel(QWidget* parent, const char* name, const QString& caption, int clickAction,
+                             std::uint32_t disabled = pagecolours::kDisabledColor);
 
 } // namespace corvane

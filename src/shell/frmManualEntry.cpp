@@ -19,15 +19,9 @@ namespace corvane {
 namespace {
 
 using namespace pagecolours;
-constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 
 ctlPanelButton* EntryButton(QWidget* parent, const char* name, const QString& caption) {
-    auto* button = new ctlPanelButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->SetPanelColors(kFrameColor, kFaceColor, kFaceColor, kPressedColor);
-    button->SetForeColor(kWhite);
-    button->SetClickAction(ctlPanelButton::ClickMomentary);
-    button->SetCaption(caption);
+    auto* button = NewPagePanel(parent, name, caption, ctlPanelButton::ClickMomentary, kFaceColor);
     button->setFixedHeight(40);
     return button;
 }

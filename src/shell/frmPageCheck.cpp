@@ -21,16 +21,9 @@ namespace corvane {
 namespace {
 
 using namespace pagecolours;
-constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 
 ctlPanelButton* BarButton(QWidget* parent, const char* name, const QString& caption, int action) {
-    auto* button = new ctlPanelButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->SetPanelColors(kFrameColor, kDisabledColor, kFaceColor, kPressedColor);
-    button->SetForeColor(kWhite);
-    button->SetSize(0);
-    button->SetClickAction(action);
-    button->SetCaption(caption);
+    auto* button = NewPagePanel(parent, name, caption, action);
     button->setFixedSize(78, 40);
     return button;
 }

@@ -14,18 +14,11 @@ namespace corvane {
 namespace {
 
 using namespace pagecolours;
-constexpr std::uint32_t kWhite = pagecolours::kPanelWhite;
 
 } // namespace
 
 ctlPanelButton* frmPageDocs::NewButton(const char* name, const QString& caption, int clickAction) {
-    auto* button = new ctlPanelButton(this);
-    button->setObjectName(QString::fromLatin1(name));
-    button->SetPanelColors(kFrameColor, kDisabledColor, kFaceColor, kPressedColor);
-    button->SetForeColor(kWhite);
-    button->SetSize(0);
-    button->SetClickAction(clickAction);
-    button->SetCaption(caption);
+    auto* button = NewPagePanel(this, name, caption, clickAction);
     button->setFixedHeight(40);
     button->setMinimumWidth(70);
     return button;

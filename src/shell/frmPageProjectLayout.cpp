@@ -69,14 +69,7 @@ protected:
 };
 
 ctlPanelButton* NewBarButton(QWidget* parent, const char* name, const QString& caption, int clickAction) {
-    auto* button = new ctlPanelButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->SetPanelColors(kFrameColor, kFaceColor, kFaceColor, kPressedColor);
-    button->SetForeColor(kWhite);
-    button->SetSize(0);
-    button->SetClickAction(clickAction);
-    button->SetCaption(caption);
-    return button;
+    return NewPagePanel(parent, name, caption, clickAction, kFaceColor);
 }
 
 // The buttons of a bar share one width: the panel size of the option, or more when a caption

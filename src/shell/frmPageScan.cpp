@@ -106,13 +106,7 @@ frmPageScan::frmPageScan(QWidget* parent) : QWidget(parent) {
 
 ctlPanelButton* frmPageScan::NewButton(QWidget* parent, const char* name, const QString& caption,
                                        int clickAction) {
-    auto* button = new ctlPanelButton(parent);
-    button->setObjectName(QString::fromLatin1(name));
-    button->SetPanelColors(kFrameColor, kDisabledColor, kFaceColor, kPressedColor);
-    button->SetForeColor(kWhite);
-    button->SetSize(0);
-    button->SetClickAction(clickAction);
-    button->SetCaption(caption);
+    auto* button = NewPagePanel(parent, name, caption, clickAction);
     button->setFixedHeight(44);
     return button;
 }
